@@ -1,0 +1,186 @@
+// The lane types that every pixel rule is written against.
+//
+// A rule is one function template over a vector V of lanes; the same text
+// serves a single sample, a 16-byte register and a wider one. All operators,
+// and the select `c ? a : b`, are those of the compiler's own vector types, so
+// a debugger prints V as an array of numbers.
+//
+// Lanes never promote to int: an 8-bit lane wraps modulo 256 in a vector of one
+// as in a vector of sixteen. That is why the widths agree bit for bit.
+// Arithmetic that may wrap belongs in unsigned lanes; in signed ones it is
+// undefined, as for int.
+//
+// Keep vectors within one register. Wider ones compile, but GCC 12 takes a
+// select on them apart lane by lane.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstdint>
+#include <type_traits>
+
+// VX_INLINE marks a rule or a driver, which a debugger steps through, VX_INLINED
+// a lambda in one; VX_LANE marks a one-line lane operation, which it steps over.
+// Everything in a unit with its own instruction set is inlined for good: the
+// linker must never choose its copy of a function for an older processor.
+#define VX_INLINE [[gnu::always_inline]] inline
+#define VX_INLINED __attribute__((always_inline))
+#if defined(__clang__)
+#define VX_LANE [[gnu::always_inline, gnu::nodebug]] inline
+#else
+#define VX_LANE [[gnu::always_inline, gnu::artificial]] inline
+#endif
+
+namespace vantrix {
+
+template <class T, int kCount>
+struct LanesOf {
+  typedef T Type __attribute__((vector_size(sizeof(T) * kCount)));
+};
+template <class T, int kCount>
+using Lanes = typename LanesOf<T, kCount>::Type;
+
+template <class V>
+using LaneOf = std::remove_cvref_t<decltype(V{}[0])>;
+template <class V>
+inline constexpr int kLaneCount = sizeof(V) / sizeof(LaneOf<V>);
+
+// Unaligned, and free of aliasing rules.
+template <class V, class T>
+VX_LANE V Load(const T* from) {
+  V lanes;
+  __builtin_memcpy(&lanes, from, sizeof lanes);
+  return lanes;
+}
+template <class V, class T>
+VX_LANE void Store(T* to, V lanes) {
+  __builtin_memcpy(to, &lanes, sizeof lanes);
+}
+
+VX_LANE uint64_t LoadWord(const uint8_t* from) {
+  uint64_t word;
+  __builtin_memcpy(&word, from, sizeof word);
+  return word;
+}
+
+// One value in every lane.
+template <class V>
+VX_LANE V Fill(LaneOf<V> value) {
+  return V{} + value;
+}
+
+// The same bits seen as lanes of another type.
+template <class To, class From>
+VX_LANE To As(From lanes) {
+  static_assert(sizeof(To) == sizeof(From));
+  return reinterpret_cast<To>(lanes);
+}
+
+// A row shorter than a register, taken as its first kHalf and its last kHalf
+// bytes in one register: kHalf <= count <= 2 kHalf. The two may overlap, then
+// the bytes between stand in it twice and are stored twice with one value.
+template <class V, int kHalf>
+VX_LANE V LoadEnds(const uint8_t* from, intptr_t count) {
+  static_assert(kHalf == 8 || kHalf == 4 || kHalf == 2);
+  using Half =
+      std::conditional_t<kHalf == 8, uint64_t, std::conditional_t<kHalf == 4, uint32_t, uint16_t>>;
+  Lanes<Half, sizeof(V) / kHalf> ends{};
+  Half first, last;
+  __builtin_memcpy(&first, from, kHalf);
+  __builtin_memcpy(&last, from + count - kHalf, kHalf);
+  ends[0] = first;
+  ends[1] = last;
+  return As<V>(ends);
+}
+template <int kHalf, class V>
+VX_LANE void StoreEnds(uint8_t* to, intptr_t count, V lanes) {
+  __builtin_memcpy(to, &lanes, kHalf);
+  __builtin_memcpy(to + count - kHalf, reinterpret_cast<const uint8_t*>(&lanes) + kHalf, kHalf);
+}
+
+// What has no operator is an overload set on intrinsics, one per register.
+//
+//   WidenLow, WidenHigh  bytes to 16-bit lanes, zero-extended: together all of v,
+//                        in the order that Narrow takes them
+//   Narrow               16-bit lanes back to bytes; values 0..255
+//   HighProduct          the high half of each 32-bit product
+//   WeighLow, WeighHigh  d (255 - w) + r w in 16-bit lanes, halves as for Widen
+//   AllSet               whether a comparison holds in every lane
+
+using Bytes16 = Lanes<uint8_t, 16>;
+using Words8 = Lanes<uint16_t, 8>;
+
+VX_LANE Words8 WidenLow(Bytes16 v) {
+  return As<Words8>(_mm_unpacklo_epi8(As<__m128i>(v), __m128i{}));
+}
+VX_LANE Words8 WidenHigh(Bytes16 v) {
+  return As<Words8>(_mm_unpackhi_epi8(As<__m128i>(v), __m128i{}));
+}
+VX_LANE Bytes16 Narrow(Words8 low, Words8 high) {
+  return As<Bytes16>(_mm_packus_epi16(As<__m128i>(low), As<__m128i>(high)));
+}
+VX_LANE Words8 HighProduct(Words8 a, Words8 b) {
+  return As<Words8>(_mm_mulhi_epu16(As<__m128i>(a), As<__m128i>(b)));
+}
+template <class Condition>
+  requires(sizeof(Condition) == 16)
+VX_LANE bool AllSet(Condition condition) {
+  return _mm_movemask_epi8(As<__m128i>(condition)) == 0xFFFF;
+}
+
+#if defined(__SSSE3__)
+// One instruction multiplies an unsigned by a signed byte and adds two neighbours.
+// Samples less 128 are signed; their weights come to 255, so the sum lacks 255 x 128.
+VX_LANE Words8 WeighLow(Bytes16 d, Bytes16 r, Bytes16 w) {
+  const auto weights = _mm_unpacklo_epi8(As<__m128i>(w), As<__m128i>(~w));
+  const auto samples = _mm_unpacklo_epi8(As<__m128i>(r ^ 128), As<__m128i>(d ^ 128));
+  return As<Words8>(_mm_maddubs_epi16(weights, samples)) + 255 * 128;
+}
+VX_LANE Words8 WeighHigh(Bytes16 d, Bytes16 r, Bytes16 w) {
+  const auto weights = _mm_unpackhi_epi8(As<__m128i>(w), As<__m128i>(~w));
+  const auto samples = _mm_unpackhi_epi8(As<__m128i>(r ^ 128), As<__m128i>(d ^ 128));
+  return As<Words8>(_mm_maddubs_epi16(weights, samples)) + 255 * 128;
+}
+#else
+VX_LANE Words8 WeighLow(Bytes16 d, Bytes16 r, Bytes16 w) {
+  return WidenLow(d) * WidenLow(~w) + WidenLow(r) * WidenLow(w);
+}
+VX_LANE Words8 WeighHigh(Bytes16 d, Bytes16 r, Bytes16 w) {
+  return WidenHigh(d) * WidenHigh(~w) + WidenHigh(r) * WidenHigh(w);
+}
+#endif
+
+#if defined(__AVX2__)
+using Bytes32 = Lanes<uint8_t, 32>;
+using Words16 = Lanes<uint16_t, 16>;
+
+VX_LANE Words16 WidenLow(Bytes32 v) {
+  return As<Words16>(_mm256_unpacklo_epi8(As<__m256i>(v), __m256i{}));
+}
+VX_LANE Words16 WidenHigh(Bytes32 v) {
+  return As<Words16>(_mm256_unpackhi_epi8(As<__m256i>(v), __m256i{}));
+}
+VX_LANE Bytes32 Narrow(Words16 low, Words16 high) {
+  return As<Bytes32>(_mm256_packus_epi16(As<__m256i>(low), As<__m256i>(high)));
+}
+VX_LANE Words16 HighProduct(Words16 a, Words16 b) {
+  return As<Words16>(_mm256_mulhi_epu16(As<__m256i>(a), As<__m256i>(b)));
+}
+VX_LANE Words16 WeighLow(Bytes32 d, Bytes32 r, Bytes32 w) {
+  const auto weights = _mm256_unpacklo_epi8(As<__m256i>(w), As<__m256i>(~w));
+  const auto samples = _mm256_unpacklo_epi8(As<__m256i>(r ^ 128), As<__m256i>(d ^ 128));
+  return As<Words16>(_mm256_maddubs_epi16(weights, samples)) + 255 * 128;
+}
+VX_LANE Words16 WeighHigh(Bytes32 d, Bytes32 r, Bytes32 w) {
+  const auto weights = _mm256_unpackhi_epi8(As<__m256i>(w), As<__m256i>(~w));
+  const auto samples = _mm256_unpackhi_epi8(As<__m256i>(r ^ 128), As<__m256i>(d ^ 128));
+  return As<Words16>(_mm256_maddubs_epi16(weights, samples)) + 255 * 128;
+}
+template <class Condition>
+  requires(sizeof(Condition) == 32)
+VX_LANE bool AllSet(Condition condition) {
+  return _mm256_movemask_epi8(As<__m256i>(condition)) == -1;
+}
+#endif
+
+}  // namespace vantrix

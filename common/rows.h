@@ -1,0 +1,162 @@
+// Walks the rows of 8-bit planes and applies a rule to every sample.
+//
+// A rule is a function object on registers of samples. It is given the target's
+// sample first, where the target is read, and then one sample of each operand;
+// it returns the target's new sample. It may hold nothing that differs between
+// samples: a row is worked on in whatever order and width is quickest.
+#pragma once
+
+#include "common/forms.h"
+#include "common/lanes.h"
+
+namespace vantrix {
+
+// The operands of a rule: a plane, or one value for every sample.
+struct Plane {
+  const uint8_t* row;
+  int32_t stride;  // bytes from a row to the next, may be negative
+
+  template <class V>
+  VX_LANE V At(intptr_t x) const {
+    return Load<V>(row + x);
+  }
+  template <class V, int kHalf>
+  VX_LANE V Ends(intptr_t count) const {
+    return LoadEnds<V, kHalf>(row, count);
+  }
+  VX_LANE void NextRow() { row += stride; }
+};
+struct Constant {
+  uint8_t value;
+
+  template <class V>
+  VX_LANE V At(intptr_t) const {
+    return Fill<V>(value);
+  }
+  template <class V, int>
+  VX_LANE V Ends(intptr_t) const {
+    return Fill<V>(value);
+  }
+  VX_LANE void NextRow() {}
+};
+
+// A plane of weights. Masks are mostly empty or full over large areas, so a
+// block of weights that is all 0 or all 255 is told apart before it is used.
+struct Weights : Plane {
+  enum Cover { kNone, kSome, kAll };
+
+  // Compared in words, in general registers: on a mask that varies the test hides
+  // behind the vector arithmetic and costs nothing.
+  template <class V>
+  VX_LANE Cover CoverAt(intptr_t x) const {
+    const uint64_t first = LoadWord(row + x);
+    for (size_t i = 8; i < sizeof(V); i += 8)
+      if (LoadWord(row + x + i) != first) return kSome;
+    return first == 0 ? kNone : first == ~uint64_t{0} ? kAll : kSome;
+  }
+};
+
+// The plane that is written: read first (Target), or never read (Output).
+struct Target {
+  uint8_t* row;
+  int32_t stride;
+  static constexpr bool kIsRead = true;
+  VX_LANE void NextRow() { row += stride; }
+};
+struct Output {
+  uint8_t* row;
+  int32_t stride;
+  static constexpr bool kIsRead = false;
+  VX_LANE void NextRow() { row += stride; }
+};
+
+template <class V, class Rule, class To, class... From>
+VX_INLINE V ResultAt(intptr_t x, Rule rule, To to, From... from) {
+  if constexpr (To::kIsRead)
+    return rule(Load<V>(to.row + x), from.template At<V>(x)...);
+  else
+    return rule(from.template At<V>(x)...);
+}
+
+template <class V, class Rule, class To, class... From>
+VX_INLINE void ApplyAt(intptr_t x, Rule rule, To to, From... from) {
+  Store(to.row + x, ResultAt<V>(x, rule, to, from...));
+}
+
+// Under a plane of weights: a rule that weights another brings that as `full`.
+template <class V, class Rule, class Source>
+VX_INLINE void ApplyAt(intptr_t x, Rule rule, Target to, Source source, Weights weights) {
+  if constexpr (kLaneCount<V> > 1) {
+    const auto cover = weights.CoverAt<V>(x);
+    if (cover == Weights::kNone) return;
+    if (cover == Weights::kAll) return ApplyAt<V>(x, rule.full, to, source);
+  }
+  Store(to.row + x, ResultAt<V>(x, rule, to, source, weights));
+}
+
+template <int kHalf, class Rule, class To, class... From>
+VX_INLINE void ApplyToEnds(intptr_t count, Rule rule, To to, From... from) {
+  using V = Bytes16;
+  if constexpr (To::kIsRead)
+    StoreEnds<kHalf>(
+        to.row, count,
+        rule(LoadEnds<V, kHalf>(to.row, count), from.template Ends<V, kHalf>(count)...));
+  else
+    StoreEnds<kHalf>(to.row, count, rule(from.template Ends<V, kHalf>(count)...));
+}
+
+// A block of them ends the row, reaching back over the one before. It is computed
+// first, from the original samples, and stored last.
+template <class V, class Rule, class To, class... From>
+VX_INLINE void ApplyInBlocks(intptr_t count, Rule rule, To to, From... from) {
+  const intptr_t lastBlock = count - kLaneCount<V>;
+  const V last = ResultAt<V>(lastBlock, rule, to, from...);
+  for (intptr_t x = 0; x < lastBlock; x += kLaneCount<V>) ApplyAt<V>(x, rule, to, from...);
+  Store(to.row + lastBlock, last);
+}
+
+// Calls work(to, from...) with each row in turn.
+template <class Work, class To, class... From>
+VX_INLINE void ForEachRow(int32_t rows, Work work, To to, From... from) {
+  for (; rows > 0; --rows) {
+    work(to, from...);
+    to.NextRow();
+    (from.NextRow(), ...);
+  }
+}
+
+// Applies rule to `rows` rows of `columns` samples; a count below 1 touches no
+// memory.
+//
+// Except in the form of one sample, hardly a sample is taken alone: a row of a block
+// or more ends in a block that overlaps the one before, a shorter one is two
+// overlapping halves in one register.
+//
+// An operand may be the target itself. One that overlaps it at an offset gives
+// whatever the order of work gives.
+template <class Form, class To, class Rule, class... From>
+VX_INLINE void BlendRows(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
+  using One = Lanes<uint8_t, 1>;
+  using Block = Lanes<uint8_t, Form::kBlock>;
+  const intptr_t count = columns;
+  const auto inEachRow = [&](auto work) VX_INLINED { ForEachRow(rows, work, to, from...); };
+  const auto asEnds = [&]<int kHalf>(std::integral_constant<int, kHalf>) VX_INLINED {
+    inEachRow([=](auto... planes) VX_INLINED { ApplyToEnds<kHalf>(count, rule, planes...); });
+  };
+  if constexpr (Form::kBlock > 1) {
+    if (count >= Form::kBlock)
+      return inEachRow([=](auto... planes)
+                           VX_INLINED { ApplyInBlocks<Block>(count, rule, planes...); });
+    if (Form::kBlock > 16 && count >= 16)
+      return inEachRow([=](auto... planes)
+                           VX_INLINED { ApplyInBlocks<Bytes16>(count, rule, planes...); });
+    if (count >= 8) return asEnds(std::integral_constant<int, 8>{});
+    if (count >= 4) return asEnds(std::integral_constant<int, 4>{});
+    if (count >= 2) return asEnds(std::integral_constant<int, 2>{});
+  }
+  inEachRow([=](auto... planes) VX_INLINED {
+    for (intptr_t x = 0; x < count; ++x) ApplyAt<One>(x, rule, planes...);
+  });
+}
+
+}  // namespace vantrix

@@ -1,0 +1,57 @@
+// The machine on a POSIX system.
+#include <cpuid.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "plugin/system.h"
+
+namespace vantrix {
+namespace {
+
+CpuidWords Cpuid(uint32_t leaf, uint32_t subLeaf) {
+  CpuidWords words;
+  __cpuid_count(leaf, subLeaf, words.eax, words.ebx, words.ecx, words.edx);
+  return words;
+}
+
+// The system says which registers it saves in XCR0, bit 1 for SSE's; before there was
+// such a register every 64-bit system saved them. A test by execution would have to
+// take the host's signal handler away for a moment.
+bool ExecutesSSE() {
+  constexpr uint32_t kHasControlRegister = 1u << 27;
+  if (!(Cpuid(1, 0).ecx & kHasControlRegister)) return true;
+  uint32_t low, high;
+  asm volatile("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
+  return low >> 1 & 1;
+}
+
+// There is no such query here, so the processor count stands for both counts.
+bool LogicalProcessorInformation(ProcessorRelation*, uint32_t*) { return false; }
+uint32_t LastError() { return 0; }
+
+uint32_t ProcessorCount() {
+  const long count = sysconf(_SC_NPROCESSORS_ONLN);
+  return count > 0 ? static_cast<uint32_t>(count) : 1;
+}
+
+RegistryKey OpenRegistryKey(const char*) { return nullptr; }
+bool QueryRegistryWord(RegistryKey, const char*, uint32_t*) { return false; }
+void CloseRegistryKey(RegistryKey) {}
+
+}  // namespace
+
+const System kThisSystem = {
+    Cpuid,
+    ExecutesSSE,
+    LogicalProcessorInformation,
+    LastError,
+    ProcessorCount,
+    std::malloc,
+    std::free,
+    OpenRegistryKey,
+    QueryRegistryWord,
+    CloseRegistryKey,
+};
+
+}  // namespace vantrix

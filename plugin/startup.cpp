@@ -1,0 +1,49 @@
+#include "plugin/startup.h"
+
+#include <xmmintrin.h>
+
+#include "common/tables.h"
+#include "plugin/core.h"
+#include "plugin/processor.h"
+#include "plugin/suites.h"
+#include "suites/blend/install.h"
+#include "suites/convert/install.h"
+#include "suites/filter/install.h"
+#include "suites/memory/install.h"
+#include "suites/paint/install.h"
+#include "suites/path/install.h"
+#include "suites/resample/install.h"
+#include "suites/select/install.h"
+
+namespace vantrix {
+namespace {
+
+constexpr uint32_t kFlushToZero = 0x8000;
+
+using Installer = int32_t(const SuiteParameterBlock*);
+constexpr Installer* kInstallers[] = {
+    InstallCoreRoutines,   InstallBlendRoutines,  InstallConvertRoutines, InstallDisplayRoutines,
+    InstallFilterRoutines, InstallMemoryRoutines, InstallPaintRoutines,   InstallResampleRoutines,
+    InstallSelectRoutines, InstallPathRoutines,
+};
+
+}  // namespace
+
+int32_t Startup(const SuiteParameterBlock* block, int16_t* result, const System& system) {
+  processorFeatures = DetectFeatures(system);
+  *result = AcquireSuites(block);
+  if (*result != 0) return *result;
+  BuildSharedTables();
+  if (processorFeatures.osSupportsSSE) _mm_setcsr(_mm_getcsr() | kFlushToZero);
+
+  // The path installer queries the host and must come last; the order of the
+  // others is kept because hosts see it in their tables.
+  int32_t outcome = 0;
+  for (Installer* install : kInstallers) outcome = install(block);
+
+  if (processorFeatures.hasSSE2) FillSSE2Constants();
+  *result = 0;
+  return outcome;
+}
+
+}  // namespace vantrix

@@ -1,0 +1,77 @@
+#include "plugin/suites.h"
+
+#include <cstring>
+
+namespace vantrix {
+
+SavedSuite<kBlend> blendSuite;
+SavedSuite<kConvert> convertSuite;
+SavedSuite<kCore> coreSuite;
+SavedSuite<kDisplay> displaySuite;
+SavedSuite<kFilter> filterSuite;
+SavedSuite<kMemory> memorySuite;
+SavedSuite<kPaint> paintSuite;
+SavedSuite<kResample> resampleSuite;
+SavedSuite<kSelect> selectSuite;
+SavedSuite<kPath> pathSuite;
+
+namespace {
+
+// A core record that answers capability queries: one entry fewer than the query's
+// own slot would take, which is what hosts of this version report.
+constexpr uint32_t kMinimumToQuery = 5;
+
+// The signed count is compared as an unsigned number, so every negative count
+// passes: hosts use one to mean that the table is as long as need be.
+bool HasAtLeast(const SuiteRecord& record, uint32_t minimum) {
+  return static_cast<uint32_t>(int32_t{record.suiteCount}) >= minimum;
+}
+
+struct Holder {
+  Routine** live;
+  Routine* saved;
+};
+template <size_t kEntries>
+constexpr Holder HolderOf(Suite<kEntries>& suite) {
+  return {&suite.live, suite.saved};
+}
+constexpr Holder kHolders[kSuiteCount] = {
+    HolderOf(blendSuite),  HolderOf(convertSuite), HolderOf(coreSuite),  HolderOf(displaySuite),
+    HolderOf(filterSuite), HolderOf(memorySuite),  HolderOf(paintSuite), HolderOf(resampleSuite),
+    HolderOf(selectSuite), HolderOf(pathSuite),
+};
+
+}  // namespace
+
+const SuiteRecord* FindSuite(const SuiteParameterBlock* block, uint32_t code, int16_t version) {
+  constexpr SuiteFormat kCoreFormat = kSuiteFormats[kCore];
+  const SuiteRecord* records = RecordsOf(block);
+  const SuiteRecord* core = nullptr;
+  for (int32_t i = 0; i < block->recordCount; ++i) {
+    const SuiteRecord& record = records[i];
+    if (record.suiteCode == code && record.suiteVersion == version) return &record;
+    if (record.suiteCode == kCoreFormat.code && record.suiteVersion == kCoreFormat.version)
+      core = &record;
+  }
+  if (!core || !HasAtLeast(*core, kMinimumToQuery)) return nullptr;
+
+  // The plug-in's kind signs this query; the path suite's own queries are signed
+  // with the host's signature.
+  const SuiteRecord* found = nullptr;
+  const auto query = Call<HostCapabilityQuery>(core->routines[kHostCapabilityQuery]);
+  if (!static_cast<uint8_t>(query(kPluginKind, code, &found)) || !found) return nullptr;
+  return found->suiteVersion == version ? found : nullptr;
+}
+
+int16_t AcquireSuites(const SuiteParameterBlock* block) {
+  for (int i = 0; i < kSuiteCount; ++i) {
+    const SuiteFormat& format = kSuiteFormats[i];
+    const SuiteRecord* record = FindSuite(block, format.code, format.version);
+    if (!record || !HasAtLeast(*record, format.minimumCount)) return kSuiteMissing;
+    std::memcpy(kHolders[i].saved, record->routines, format.savedEntries * sizeof(Routine));
+    *kHolders[i].live = record->routines;
+  }
+  return 0;
+}
+
+}  // namespace vantrix

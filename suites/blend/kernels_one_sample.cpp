@@ -1,0 +1,4 @@
+#include "common/forms.h"
+
+using VantrixForm = vantrix::OneSample;
+#include "suites/blend/instances.inl"

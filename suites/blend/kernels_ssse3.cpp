@@ -1,0 +1,4 @@
+#include "common/forms.h"
+
+using VantrixForm = vantrix::Ssse3;
+#include "suites/blend/instances.inl"

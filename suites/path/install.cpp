@@ -1,0 +1,65 @@
+#include "suites/path/install.h"
+
+#include <array>
+
+#include "suites/path/debug.h"
+
+namespace vantrix {
+
+uint8_t PathDebugEnabled;
+uint32_t PathDebugGuardValue;
+
+namespace {
+
+constexpr std::array<Kernel, 0> kKernels;
+
+struct Answer {
+  uint64_t value;
+  bool isRecognized;
+};
+
+// The host's signature signs this query; the search for a suite signs with the
+// plug-in's kind.
+Answer Ask(uint32_t selector) {
+  uint64_t value = 0;
+  const auto query = Call<HostCapabilityQuery>(coreSuite.live[kHostCapabilityQuery]);
+  const bool isRecognized = static_cast<uint8_t>(query(kHostSignature, selector, &value));
+  return {value, isRecognized};
+}
+
+// A host may write an answer and still say that it does not know the question:
+// that is reported, and the answer is used.
+void AskForPathDebugging() {
+  const Answer enabled = Ask(Code("pdbg"));
+  const Answer guard = Ask(Code("pdgv"));
+  PathDebugEnabled = enabled.value != 0;
+  PathDebugGuardValue = PathDebugEnabled ? static_cast<uint32_t>(guard.value) : 0;
+  if (!PathDebugEnabled) return;
+
+  if (!enabled.isRecognized)
+    ReportPath("Path debug enabled gestalt, 'pdbg' not recognized", kPathSourceFile, 286,
+               kDebugCheck);
+  if (!guard.isRecognized)
+    ReportPath("Path debug guard value gestalt, 'pdgv' not recognized", kPathSourceFile, 287,
+               kDebugCheck);
+  // Inclusive: all ones is reported although it fits. A set top bit counts as
+  // negative and is not.
+  if (static_cast<int64_t>(guard.value) >= 4294967295)
+    ReportPath("Path debug guard value is bigger than expected", kPathSourceFile, 288, kDebugCheck);
+}
+
+}  // namespace
+
+void ReportPath(const char* message, const char* sourceFile, int32_t line, int32_t flag) {
+  Call<HostAssert>(coreSuite.live[kHostAssert])(message, sourceFile, line, flag);
+}
+
+std::span<const Kernel> PathKernels() { return kKernels; }
+
+int32_t InstallPathRoutines(const SuiteParameterBlock*) {
+  AskForPathDebugging();
+  Install<pathSuite, kPathSlots, kKernels>(processorFeatures);
+  return 1;
+}
+
+}  // namespace vantrix

@@ -1,0 +1,15 @@
+// The slots of suite path that the plug-in writes, on every processor.
+#pragma once
+
+#include "plugin/slots.h"
+
+namespace vantrix {
+
+inline constexpr Slot kPathSlots[] = {
+    {24, Gate::kAlways, "ApplyFillArrayOperation"},
+    {46, Gate::kAlways, "PathSegmentCrossings"},
+    {47, Gate::kAlways, "PathSegmentRoutine47"},
+};
+static_assert(CountGated(kPathSlots, Gate::kAlways) == 3);
+
+}  // namespace vantrix
