@@ -1,0 +1,31 @@
+// The ten suites as this host has them: which slots the plug-in takes over, and the
+// host's own routines for those whose contract is settled.
+#pragma once
+
+#include <array>
+#include <span>
+
+#include "host/reference/reference.h"
+#include "plugin/interface.h"
+#include "plugin/slots.h"
+
+namespace vantrix::host {
+
+struct SuiteEntry {
+  SuiteIndex index;
+  const char* name;             // the four-character code
+  std::span<const Slot> slots;  // what the plug-in writes, in its order
+  std::span<const Reference> references;
+};
+
+const std::array<SuiteEntry, kSuiteCount>& Catalog();
+
+// Null where the host has no routine of its own for the slot.
+const Reference* FindReference(const SuiteEntry& suite, uint16_t slot);
+
+// Whether this processor opens a gate.
+bool ProcessorOpens(Gate gate);
+
+const char* NameOf(Gate gate);
+
+}  // namespace vantrix::host

@@ -1,0 +1,26 @@
+// The demonstration: a photograph run through the live tables.
+#pragma once
+
+#include <string>
+
+#include "host/demo/session.h"
+
+namespace vantrix::host {
+
+// One line of the demonstration. To add an operation, write its function and add it
+// to the list in demo.cpp.
+struct Operation {
+  const char* title;
+  void (*run)(Session& session);
+};
+
+// By area; each in a file of its own.
+void DemonstrateMemory(Session& session);
+void DemonstrateVignette(Session& session);
+
+// Runs all operations; writes pictures and report.txt into the folder, which is made
+// if need be, and prints the report. An empty path stands for a generated picture.
+// False with the reason printed.
+bool RunDemo(const Tables& tables, const std::string& picturePath, const std::string& folder);
+
+}  // namespace vantrix::host

@@ -1,0 +1,31 @@
+// Memory between inaccessible pages, so that a step outside it is a fault.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace vantrix::host {
+
+class Arena {
+ public:
+  // `regions` regions of at least `bytes` bytes, each with an inaccessible page right
+  // before its first and right after its last byte.
+  Arena(int regions, size_t bytes);
+  ~Arena();
+  Arena(const Arena&) = delete;
+  Arena& operator=(const Arena&) = delete;
+
+  int RegionCount() const { return static_cast<int>(regions_.size()); }
+  size_t RegionBytes() const { return regionBytes_; }
+  uint8_t* Region(int index) const { return regions_[static_cast<size_t>(index)]; }
+
+  // Allows a region's pages to be read only, or to be written again.
+  void SetWritable(int index, bool isWritable) const;
+
+ private:
+  std::vector<uint8_t*> regions_;
+  size_t regionBytes_;
+};
+
+}  // namespace vantrix::host

@@ -1,0 +1,13 @@
+// One exercise for each argument list.
+#pragma once
+
+#include "host/exercise/scene.h"
+
+namespace vantrix::host {
+
+Exercise ExerciseMaskedBlend, ExerciseColorMaskedBlend;
+
+Exercise ExerciseCopyBytes, ExerciseCopyRect, ExerciseFillBytes, ExerciseFillRect,
+    ExerciseFillWords, ExerciseFillWordRect, ExerciseBytesAllEqual, ExerciseRectAllEqual;
+
+}  // namespace vantrix::host

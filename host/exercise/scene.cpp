@@ -1,0 +1,203 @@
+#include "host/exercise/scene.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace vantrix::host {
+namespace {
+
+// Bytes before and after a plane that must stay as they are.
+constexpr ptrdiff_t kMargin = 64;
+
+class Noise {
+ public:
+  explicit Noise(uint64_t seed) : state_(seed * 0x9E3779B97F4A7C15u + 1) {}
+  uint64_t Next() {
+    state_ ^= state_ << 13;
+    state_ ^= state_ >> 7;
+    state_ ^= state_ << 17;
+    return state_ * 0x2545F4914F6CDD1Du;
+  }
+
+ private:
+  uint64_t state_;
+};
+
+void FillNoise(Noise& noise, uint8_t* start, size_t bytes) {
+  size_t i = 0;
+  for (; i + 8 <= bytes; i += 8) {
+    const uint64_t word = noise.Next();
+    std::memcpy(start + i, &word, 8);
+  }
+  for (; i < bytes; ++i) start[i] = static_cast<uint8_t>(noise.Next() >> 56);
+}
+
+}  // namespace
+
+void Scene::Measure(Shape shape, Runner runner) {
+  fixed_ = shape;
+  runner_ = std::move(runner);
+}
+
+void Scene::Pin(Shape shape, int32_t offset) {
+  fixed_ = shape;
+  pinnedOffset_ = offset;
+}
+
+Shape Scene::ChooseShape() {
+  if (IsMeasured() || IsPinned()) return fixed_;
+  Shape shape;
+  switch (choices_.Below(16)) {
+    case 0:
+      shape.columns = choices_.Between(-3, 0);
+      break;
+    case 1:
+      shape.columns = choices_.Between(4090, 4102);
+      break;
+    case 2:
+    case 3:
+      shape.columns = choices_.Between(71, 400);
+      break;
+    default:
+      shape.columns = choices_.Between(1, 70);
+      break;
+  }
+  shape.rows = choices_.OneIn(16) ? choices_.Between(-3, 0) : choices_.Between(1, 6);
+  return shape;
+}
+
+// Contents on which rules differ: noise, one value, extremes, the values about the
+// middle, ramps, and long runs as masks have them.
+void Scene::FillContent(uint8_t* start, size_t bytes) {
+  const uint32_t kind = IsMeasured() ? 0 : choices_.Below(8);
+  Noise noise(choices_.Seed());
+  FillNoise(noise, start, bytes);
+  constexpr uint8_t kEdges[] = {0, 1, 127, 128, 254, 255, 0, 255};
+  switch (kind) {
+    case 1:
+      std::memset(start, kEdges[noise.Next() >> 61], bytes);
+      break;
+    case 2:
+      for (size_t i = 0; i < bytes; ++i) start[i] = kEdges[start[i] & 7];
+      break;
+    case 3:
+      for (size_t i = 0; i < bytes; ++i) start[i] = start[i] & 1 ? 255 : 0;
+      break;
+    case 4:
+      for (size_t i = 0; i < bytes; ++i) start[i] = static_cast<uint8_t>(i);
+      break;
+    case 5:
+      for (size_t i = 0; i < bytes;) {
+        const size_t end = std::min(bytes, i + 1 + (noise.Next() >> 58));
+        std::memset(start + i, kEdges[noise.Next() >> 61], end - i);
+        i = end;
+      }
+      break;
+    default:
+      break;
+  }
+}
+
+PlaneView Scene::Plane(Shape shape, int32_t rowBytes, int32_t unit) {
+  const bool isPinned = IsPinned() && regionsUsed_ == 0;
+  uint8_t* const region = arena_.Region(regionsUsed_++ % arena_.RegionCount());
+  const auto regionBytes = static_cast<ptrdiff_t>(arena_.RegionBytes());
+  const bool isMeasured = IsMeasured();
+  // Room between rows, as other planes of the same picture or padding would make.
+  const int32_t gap = isMeasured || choices_.OneIn(3) ? 0 : choices_.Between(0, 40) * unit;
+  const bool isUpward = !isMeasured && choices_.OneIn(4);
+  if (shape.rows < 1 || shape.columns < 1 || rowBytes < 1)
+    return {region + regionBytes, isUpward ? -gap - 64 : gap + 64};
+
+  const int32_t step = rowBytes + gap;
+  const ptrdiff_t extent = ptrdiff_t{shape.rows - 1} * step + rowBytes;
+  const ptrdiff_t room = (regionBytes - extent) / unit;
+  if (room < 0) {
+    std::fprintf(stderr, "vantrix-host: a plane of %td bytes does not fit the arena\n", extent);
+    std::exit(1);
+  }
+  ptrdiff_t offset = 64;
+  if (isPinned)
+    offset += pinnedOffset_ * unit;
+  else if (!isMeasured)
+    switch (choices_.Below(4)) {
+      case 1:
+        offset = 0;
+        break;
+      case 2:
+        offset = room * unit;
+        break;
+      default:
+        offset = std::min<ptrdiff_t>(room, choices_.Between(0, 127)) * unit;
+        break;
+    }
+  uint8_t* const lowest = region + offset;
+  uint8_t* const windowStart = std::max(region, lowest - kMargin);
+  uint8_t* const windowEnd = std::min(region + regionBytes, lowest + extent + kMargin);
+  FillContent(windowStart, static_cast<size_t>(windowEnd - windowStart));
+
+  PlaneView view{lowest, step};
+  if (isUpward) view = {lowest + ptrdiff_t{shape.rows - 1} * step, -step};
+  Outcome::Window window{windowStart, view.stride, rowBytes, view.first, {}};
+  window.bytes.resize(static_cast<size_t>(windowEnd - windowStart));
+  outcome_.windows.push_back(std::move(window));
+  return view;
+}
+
+uint32_t Scene::AnyByte() {
+  constexpr uint8_t kEdges[] = {0, 1, 127, 128, 254, 255};
+  const uint32_t choice = choices_.Below(3);
+  return Narrow(choice == 0 ? kEdges[choices_.Below(6)]
+                            : static_cast<uint8_t>(choices_.Below(256)));
+}
+
+Outcome Scene::TakeOutcome() {
+  for (auto& window : outcome_.windows)
+    std::memcpy(window.bytes.data(), window.start, window.bytes.size());
+  return std::move(outcome_);
+}
+
+std::string Difference(const Outcome& expected, const Outcome& actual) {
+  char text[256];
+  const char* const arguments = expected.arguments.c_str();
+  for (size_t plane = 0; plane < expected.windows.size(); ++plane) {
+    const auto& want = expected.windows[plane];
+    const auto& got = actual.windows[plane];
+    const auto differs = std::mismatch(want.bytes.begin(), want.bytes.end(), got.bytes.begin());
+    if (differs.first == want.bytes.end()) continue;
+    const ptrdiff_t index = differs.first - want.bytes.begin();
+    const ptrdiff_t fromFirst = want.start + index - want.first;
+    ptrdiff_t row = 0, column = fromFirst;
+    if (want.stride != 0) {
+      // The row whose bytes are nearest below, whichever way the rows run.
+      const ptrdiff_t size = want.stride < 0 ? -want.stride : want.stride;
+      const ptrdiff_t rowsBelow =
+          fromFirst >= 0 ? fromFirst / size : -((-fromFirst + size - 1) / size);
+      row = want.stride < 0 ? -rowsBelow : rowsBelow;
+      column = fromFirst - rowsBelow * size;
+    }
+    std::snprintf(text, sizeof text, "plane %zu row %td byte %td: expected %d, got %d; (%s)", plane,
+                  row, column, *differs.first, *differs.second, arguments);
+    return text;
+  }
+  if (expected.result != actual.result) {
+    std::snprintf(text, sizeof text, "result: expected %llx, got %llx; (%s)",
+                  static_cast<unsigned long long>(expected.result),
+                  static_cast<unsigned long long>(actual.result), arguments);
+    return text;
+  }
+  if (!actual.keptFloatControl) return "the floating-point control state was left changed";
+  return {};
+}
+
+std::string CompareRoutines(Exercise* exercise, Routine expected, Routine actual,
+                            const Scene& scene) {
+  Scene expectedScene = scene;
+  exercise(expected, expectedScene);
+  const Outcome want = expectedScene.TakeOutcome();
+  Scene actualScene = scene;
+  exercise(actual, actualScene);
+  return Difference(want, actualScene.TakeOutcome());
+}
+
+}  // namespace vantrix::host

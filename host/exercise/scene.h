@@ -1,0 +1,148 @@
+// One call of a routine with everything that belongs to it: planes of a chosen shape,
+// place and content, arguments, and what the call left behind.
+//
+// An exercise builds a scene from a sequence of choices and calls a routine in it. The
+// same choices build the same scene to the byte and the address, so two routines can
+// be compared by running the exercise once with each.
+#pragma once
+
+#include <xmmintrin.h>
+
+#include <functional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "host/exercise/arena.h"
+#include "host/exercise/choices.h"
+#include "plugin/interface.h"
+
+namespace vantrix::host {
+
+struct Shape {
+  int32_t rows, columns;
+};
+
+// A plane as routines take it: where its first row starts, and bytes between rows.
+struct PlaneView {
+  uint8_t* first;
+  int32_t stride;
+
+  uint16_t* Words() const { return reinterpret_cast<uint16_t*>(first); }
+  float* Floats() const { return reinterpret_cast<float*>(first); }
+};
+
+// What a routine left behind.
+struct Outcome {
+  struct Window {
+    const uint8_t* start;
+    int32_t stride, rowBytes;
+    const uint8_t* first;
+    std::vector<uint8_t> bytes;
+  };
+  std::vector<Window> windows;
+  uint64_t result = 0;
+  bool keptFloatControl = true;
+  std::string arguments;
+};
+
+// Runs a call; a benchmark's runs it more than once.
+using Runner = std::function<void(const std::function<void()>& call)>;
+
+class Scene {
+ public:
+  Scene(Arena& arena, Choices choices) : arena_(arena), choices_(choices) {}
+
+  // For measuring: a shape of one's own, noise in all planes, and one's own runner.
+  void Measure(Shape shape, Runner runner);
+
+  // A shape of one's own, and for the first plane, which exercises make the
+  // destination, a place `offset` units past an aligned address.
+  void Pin(Shape shape, int32_t offset);
+
+  Choices& Choose() { return choices_; }
+  bool IsMeasured() const { return runner_ != nullptr; }
+  bool IsPinned() const { return pinnedOffset_ >= 0; }
+
+  // Mostly a few rows of up to some hundred samples; now and then none, or about 4096.
+  Shape ChooseShape();
+
+  // A plane of a shape's rows, of rowBytes each: at any offset, or ending at or
+  // beginning at an inaccessible page, rows apart by any stride of either sign that is
+  // a multiple of `unit`. Where the shape is empty every byte of it is inaccessible.
+  PlaneView Plane(Shape shape, int32_t rowBytes, int32_t unit = 1);
+  PlaneView Bytes(Shape shape) { return Plane(shape, shape.columns); }
+  PlaneView Words(Shape shape) { return Plane(shape, shape.columns * 2, 2); }
+  // A run of bytes: a plane of one row.
+  PlaneView Run(int32_t bytes, int32_t unit = 1) { return Plane({1, bytes}, bytes, unit); }
+
+  // A byte or a 16-bit value as a routine may receive it: with anything above it.
+  uint32_t Narrow(uint8_t value) { return value | Junk() << 8; }
+  uint32_t Narrow(uint16_t value) { return value | Junk() << 16; }
+  uint32_t AnyByte();
+
+  template <class Signature, class... Arguments>
+  void Call(Routine routine, Arguments... arguments);
+
+  // Any result to be compared besides the planes.
+  void SetResult(uint64_t result) { outcome_.result = result; }
+  Outcome TakeOutcome();
+
+ private:
+  uint32_t Junk() { return choices_.Below(65536) * 65537u; }
+  void FillContent(uint8_t* start, size_t bytes);
+  template <class T>
+  void Note(T argument);
+
+  Arena& arena_;
+  Choices choices_;
+  Shape fixed_{};
+  int32_t pinnedOffset_ = -1;
+  Runner runner_;
+  int regionsUsed_ = 0;
+  Outcome outcome_;
+};
+
+template <class T>
+void Scene::Note(T argument) {
+  outcome_.arguments += outcome_.arguments.empty() ? "" : ", ";
+  if constexpr (std::is_pointer_v<T>) {
+    char text[32];
+    std::snprintf(text, sizeof text, "..%03x",
+                  static_cast<unsigned>(reinterpret_cast<uintptr_t>(argument) & 0xFFF));
+    outcome_.arguments += text;
+  } else {
+    outcome_.arguments += std::to_string(argument);
+  }
+}
+
+template <class Signature, class... Arguments>
+void Scene::Call(Routine routine, Arguments... arguments) {
+  (Note(arguments), ...);
+  const auto function = reinterpret_cast<Signature*>(routine);
+  const auto call = [&] {
+    if constexpr (std::is_void_v<decltype(function(arguments...))>)
+      function(arguments...);
+    else
+      outcome_.result = static_cast<uint64_t>(function(arguments...));
+  };
+  constexpr uint32_t kControlBits = 0xFFC0;  // the others are sticky flags
+  const uint32_t before = _mm_getcsr();
+  if (runner_)
+    runner_(call);
+  else
+    call();
+  outcome_.keptFloatControl = ((before ^ _mm_getcsr()) & kControlBits) == 0;
+}
+
+// An exercise belongs to an argument list, not to a routine.
+using Exercise = void(Routine routine, Scene& scene);
+
+// How the outcomes differ, in one line; empty when they are the same.
+std::string Difference(const Outcome& expected, const Outcome& actual);
+
+// Runs the exercise with both routines in the same scene; their difference.
+std::string CompareRoutines(Exercise* exercise, Routine expected, Routine actual,
+                            const Scene& scene);
+
+}  // namespace vantrix::host

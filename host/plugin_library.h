@@ -1,0 +1,16 @@
+// The plug-in as a file: loaded as any host would.
+#pragma once
+
+#include <string>
+
+#include "plugin/interface.h"
+
+namespace vantrix::host {
+
+// The library that stands beside this program.
+std::string DefaultPluginPath();
+
+// Its entry point, or null with the reason in *error. The library stays loaded.
+PluginMainRoutine* LoadPlugin(const std::string& path, std::string* error);
+
+}  // namespace vantrix::host

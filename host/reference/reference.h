@@ -1,0 +1,30 @@
+// The host's own routines: its defaults, and what every kernel is held to.
+//
+// Each is written from the sentence that defines it, one sample at a time, with
+// plain division where the sentence divides. Nothing here looks at how the plug-in
+// does its work.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "host/exercise/scene.h"
+#include "plugin/interface.h"
+
+namespace vantrix::host {
+
+struct Reference {
+  uint16_t slot;
+  Routine routine;
+  Exercise* exercise;
+};
+
+template <class Signature>
+Reference Refer(uint16_t slot, Signature* routine, Exercise* exercise) {
+  return {slot, reinterpret_cast<Routine>(routine), exercise};
+}
+
+std::span<const Reference> BlendReferences();
+std::span<const Reference> MemoryReferences();
+
+}  // namespace vantrix::host

@@ -1,0 +1,110 @@
+#include "host/slots.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace vantrix::host {
+namespace {
+
+// The lines of a suite by slot; two lines for one slot become one with both gates.
+struct Line {
+  uint16_t index;
+  std::string gates;
+  bool isOpen;
+  const Slot* slot;
+};
+std::vector<Line> LinesOf(const SuiteEntry& suite) {
+  std::vector<Line> lines;
+  for (const Slot& slot : suite.slots) {
+    const bool isOpen = ProcessorOpens(slot.gate);
+    const auto same = std::find_if(lines.begin(), lines.end(),
+                                   [&](const Line& line) { return line.index == slot.index; });
+    if (same == lines.end()) {
+      lines.push_back({slot.index, NameOf(slot.gate), isOpen, &slot});
+    } else {
+      same->gates += std::string(", ") + NameOf(slot.gate);
+      same->isOpen |= isOpen;
+    }
+  }
+  std::sort(lines.begin(), lines.end(),
+            [](const Line& a, const Line& b) { return a.index < b.index; });
+  return lines;
+}
+
+const char* StateOf(const Slot& slot) { return slot.IsServed() ? "served" : "passed through"; }
+
+struct Counts {
+  int served = 0, passed = 0;
+};
+Counts CountLines(const SuiteEntry& suite) {
+  Counts counts;
+  for (const Line& line : LinesOf(suite)) ++(line.slot->IsServed() ? counts.served : counts.passed);
+  return counts;
+}
+
+}  // namespace
+
+bool PrintSlots(const Tables& tables) {
+  bool isAsStated = true;
+  Counts all;
+  for (const SuiteEntry& suite : Catalog()) {
+    const auto lines = LinesOf(suite);
+    const Counts counts = CountLines(suite);
+    all.served += counts.served;
+    all.passed += counts.passed;
+    std::printf("\n%s version %d: %zu entries, %zu written by the plug-in\n", suite.name,
+                kSuiteFormats[suite.index].version, tables.EntryCount(suite.index), lines.size());
+    std::vector<bool> isExpected(tables.EntryCount(suite.index));
+    for (const Line& line : lines) {
+      isExpected[line.index] = line.isOpen;
+      std::printf("  %3d  %-12s %-14s  %s\n", line.index, line.gates.c_str(),
+                  line.isOpen ? StateOf(*line.slot) : "host's own", line.slot->name);
+    }
+    for (size_t slot = 0; slot < isExpected.size(); ++slot) {
+      const bool isChanged = tables.IsChanged(suite.index, static_cast<uint16_t>(slot));
+      if (isChanged == isExpected[slot]) continue;
+      isAsStated = false;
+      std::printf("  %3zu  UNEXPECTED: %s\n", slot, isChanged ? "written" : "not written");
+    }
+  }
+  std::printf("\n%d slots served, %d passed through to the host's own routines\n", all.served,
+              all.passed);
+  return isAsStated;
+}
+
+void PrintSlotPage() {
+  std::printf(
+      "# Slots\n\n"
+      "Every slot that the plug-in writes, by suite. The gate is the processor flag that must "
+      "be set.\nA slot that is passed through jumps to the host's own routine with every "
+      "argument as it came:\nits contract is the host's. This page is printed by "
+      "`vantrix-host slots --page`; a test holds it to the tables.\n\n"
+      "In the rules, Multiply(a, b) is a x b / 255 rounded to nearest; see NUMERICS.md.\n");
+  std::printf("\n| suite | version | served | passed through |\n|---|---|---|---|\n");
+  Counts all;
+  for (const SuiteEntry& suite : Catalog()) {
+    const Counts counts = CountLines(suite);
+    all.served += counts.served;
+    all.passed += counts.passed;
+    std::printf("| %s | %d | %d | %d |\n", suite.name, kSuiteFormats[suite.index].version,
+                counts.served, counts.passed);
+  }
+  std::printf("| all | | %d | %d |\n", all.served, all.passed);
+  for (const SuiteEntry& suite : Catalog()) {
+    const auto lines = LinesOf(suite);
+    if (lines.empty()) continue;
+    std::printf(
+        "\n## %s\n\n| slot | routine | gate | | arguments | what it computes |\n"
+        "|---|---|---|---|---|---|\n",
+        suite.name);
+    for (const Line& line : lines)
+      std::printf("| %d | `%s` | %s | %s | %s | %s |\n", line.index, line.slot->name,
+                  line.gates.c_str(), StateOf(*line.slot),
+                  line.slot->IsServed() ? line.slot->arguments : "",
+                  line.slot->IsServed() ? line.slot->rule : "");
+  }
+}
+
+}  // namespace vantrix::host
