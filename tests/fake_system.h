@@ -1,0 +1,42 @@
+// A processor and a system that a test makes up.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "plugin/system.h"
+
+namespace vantrix {
+
+struct FakeSystem {
+  // Leaves by number; a missing one reads as zeros.
+  std::map<uint32_t, CpuidWords> leaves;
+  bool executesSSE = true;
+
+  // What the count call tells, and where it goes wrong.
+  std::vector<ProcessorRelation> relations;
+  enum class CountFailure { kNone, kFirstSucceeds, kOtherError, kNoMemory, kSecondFails };
+  CountFailure countFailure = CountFailure::kNone;
+  uint32_t processorCount = 4;
+
+  // The registry: a key that opens or not, a value that is there or not.
+  bool hasKey = true, hasValue = true;
+  uint32_t megahertz = 2600;
+
+  int cpuidCalls = 0, allocations = 0, releases = 0, opened = 0, closed = 0;
+  std::string openedPath, queriedName;
+
+  // The table that speaks for the FakeSystem made last.
+  const System& Table();
+
+  void SetVendor(const char (&text)[13]);
+  void SetFeatures(uint32_t edx, uint32_t ecx);
+  void AddCores(int cores, uint64_t mask);
+};
+
+inline constexpr uint32_t kMMX = 1u << 23, kSSE = 1u << 25, kSSE2 = 1u << 26;    // EDX
+inline constexpr uint32_t kSSE3 = 1u << 0, kSSSE3 = 1u << 9, kSSE41 = 1u << 19;  // ECX
+
+}  // namespace vantrix

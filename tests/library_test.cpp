@@ -1,0 +1,109 @@
+// The built library as a file: what it exports, and the resources in it.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "host/plugin_library.h"
+#include "host/tables.h"
+
+#if defined(_WIN32)
+#include <windows.h>
+#endif
+
+namespace vantrix {
+namespace {
+
+TEST(LibraryTest, StartsInAHost) {
+  std::string error;
+  const auto pluginMain = host::LoadPlugin(VANTRIX_LIBRARY, &error);
+  ASSERT_NE(pluginMain, nullptr) << error;
+  const host::Tables tables;
+  int16_t result = 99;
+  EXPECT_EQ(pluginMain(kStartUp, tables.Block(), 0, &result), 1);
+  EXPECT_EQ(result, 0);
+  EXPECT_TRUE(tables.IsChanged(kBlend, 2));
+  EXPECT_FALSE(tables.IsChanged(kBlend, 0));
+}
+
+#if defined(_WIN32)
+
+std::string Reversed(const char* code) {
+  return std::string(code, 4).assign({code[3], code[2], code[1], code[0]});
+}
+std::string Word(uint32_t value) {
+  std::string bytes(4, 0);
+  std::memcpy(bytes.data(), &value, 4);
+  return bytes;
+}
+std::string Property(const char* key, uint32_t length, std::string data) {
+  data.resize(length);
+  return Reversed("QXIM") + Reversed(key) + Word(0) + Word(length) + data;
+}
+std::string Pascal(const std::string& text) {
+  return std::string(1, static_cast<char>(text.size())) + text;
+}
+
+TEST(LibraryTest, CarriesThePropertyListByteForByte) {
+  const HMODULE library = LoadLibraryExA(VANTRIX_LIBRARY, nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  ASSERT_NE(library, nullptr);
+  const HRSRC found = FindResourceExA(library, "PIPL", MAKEINTRESOURCEA(16000), 1033);
+  ASSERT_NE(found, nullptr);
+  ASSERT_EQ(SizeofResource(library, found), 274u);
+  const auto bytes = static_cast<const char*>(LockResource(LoadResource(library, found)));
+  const std::string expected =
+      std::string("\1\0", 2) + Word(0) + Word(8) + Property("nabo", 4, Word(1)) +
+      Property("kind", 4, Reversed("QXXM")) + Property("name", 20, Pascal("Vantrix Routines")) +
+      Property("znam", 72,
+               Pascal("$$$/OrvanePlugin/PIPLInfo/PluginName/VantrixRoutines=Vantrix Routines")) +
+      Property("vers", 4, Word(0x00020000)) + Property("prty", 4, Word(10)) +
+      Property("cmpt", 16, Word(6) + "Vantrix") + Property("8664", 12, "PluginMain");
+  ASSERT_EQ(expected.size(), 274u);
+  EXPECT_EQ(std::string(bytes, 274), expected);
+  EXPECT_NE(FindResourceA(library, MAKEINTRESOURCEA(1), reinterpret_cast<LPCSTR>(RT_VERSION)),
+            nullptr);
+}
+
+TEST(LibraryTest, ExportsTheEntryPointAlone) {
+  const auto base = reinterpret_cast<const uint8_t*>(LoadLibraryA(VANTRIX_LIBRARY));
+  ASSERT_NE(base, nullptr);
+  const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+  const auto nt = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
+  const auto& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+  const auto exports =
+      reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + directory.VirtualAddress);
+  ASSERT_EQ(exports->NumberOfFunctions, 1u);
+  ASSERT_EQ(exports->NumberOfNames, 1u);
+  const auto names = reinterpret_cast<const uint32_t*>(base + exports->AddressOfNames);
+  EXPECT_STREQ(reinterpret_cast<const char*>(base + names[0]), "PluginMain");
+
+  const WORD wanted =
+      IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT | 0x20;
+  EXPECT_EQ(nt->OptionalHeader.DllCharacteristics & wanted, wanted);
+}
+
+#else
+
+TEST(LibraryTest, ExportsTheEntryPointAlone) {
+  const std::string command = std::string("nm -D --defined-only ") + VANTRIX_LIBRARY;
+  FILE* const output = popen(command.c_str(), "r");
+  ASSERT_NE(output, nullptr);
+  std::vector<std::string> names;
+  char line[512];
+  while (std::fgets(line, sizeof line, output)) {
+    const std::string text(line);
+    const std::string name = text.substr(text.rfind(' ') + 1);
+    if (name.rfind("__", 0) != 0) names.push_back(name);  // a sanitizer's own
+  }
+  pclose(output);
+  EXPECT_EQ(names, std::vector<std::string>{"PluginMain\n"});
+}
+
+#endif
+
+}  // namespace
+}  // namespace vantrix

@@ -1,0 +1,10 @@
+# Runs COMMAND; fails unless its exit status is STATUS and its output matches EXPECT.
+execute_process(COMMAND ${COMMAND} RESULT_VARIABLE status OUTPUT_VARIABLE output
+                ERROR_VARIABLE output)
+message("${output}")
+if(NOT status EQUAL STATUS)
+  message(FATAL_ERROR "status ${status}, expected ${STATUS}")
+endif()
+if(NOT output MATCHES "${EXPECT}")
+  message(FATAL_ERROR "the output does not match ${EXPECT}")
+endif()

@@ -1,0 +1,73 @@
+// Which slots change on which processor. The numbers stand here once more, on their
+// own, so that a slip in a table shows.
+#include <gmock/gmock.h>
+#include <xmmintrin.h>
+
+#include <algorithm>
+
+#include "plugin/processor.h"
+#include "plugin/startup.h"
+#include "tests/fake_host.h"
+#include "tests/fake_system.h"
+
+namespace vantrix {
+namespace {
+
+using Slots = std::vector<int>;
+
+const Slots kBlendSSE = {26, 27, 47, 48, 49, 50, 51, 52, 57, 58, 59};
+const Slots kBlendSSE2 = {1,   2,   3,   7,   8,   10,  11,  22,  24,  28,  29,  30,  31,  53,  54,
+                          56,  66,  74,  75,  96,  97,  106, 115, 191, 192, 193, 194, 195, 198, 216,
+                          218, 219, 221, 222, 223, 235, 259, 275, 276, 277, 278, 289, 320};
+const Slots kFilterSSE2 = {28, 31, 75, 74, 106, 189, 188, 191, 192, 193, 194, 195, 197};
+const Slots kFilterSSE41 = {200, 201, 202, 155};
+const Slots kMemorySSE2 = {0, 1, 3, 4, 11, 17, 18, 65, 66, 67, 83, 102, 136};
+const Slots kPaintSSE2 = {4,  5,  7,  9,  10, 13, 17, 18, 24, 25, 26, 27, 28,
+                          29, 34, 35, 36, 37, 38, 55, 56, 57, 58, 59, 60, 61,
+                          62, 63, 79, 81, 84, 85, 86, 87, 88, 89, 92};
+const Slots kResampleSSE = {7, 5, 6, 18, 19, 24, 13};
+const Slots kResampleSSE2 = {5, 6, 3, 27};
+
+Slots Join(std::initializer_list<Slots> parts) {
+  Slots all;
+  for (const Slots& part : parts) all.insert(all.end(), part.begin(), part.end());
+  std::sort(all.begin(), all.end());
+  all.erase(std::unique(all.begin(), all.end()), all.end());
+  return all;
+}
+
+void ExpectSlots(bool sse, bool sse2, bool sse41) {
+  SCOPED_TRACE(testing::Message() << "SSE " << sse << " SSE2 " << sse2 << " SSE4.1 " << sse41);
+  FakeHost host;
+  FakeSystem system;
+  system.SetFeatures((sse ? kSSE : 0) | (sse2 ? kSSE2 : 0), sse41 ? kSSE41 : 0);
+  processorInfo.filled = 0;
+  int16_t result;
+  const uint32_t control = _mm_getcsr();
+  ASSERT_EQ(Startup(host.Block(), &result, system.Table()), 1);
+  _mm_setcsr(control);
+
+  const auto when = [](bool condition, const Slots& slots) { return condition ? slots : Slots{}; };
+  EXPECT_EQ(host.ChangedSlots(kBlend), Join({when(sse, kBlendSSE), when(sse2, kBlendSSE2)}));
+  EXPECT_EQ(host.ChangedSlots(kConvert), Join({{19}, when(sse2, {16, 17, 18, 58})}));
+  EXPECT_EQ(host.ChangedSlots(kCore), Slots{3});
+  EXPECT_EQ(host.ChangedSlots(kDisplay), Slots{});
+  EXPECT_EQ(host.ChangedSlots(kFilter),
+            Join({{12}, when(sse, {34}), when(sse2, kFilterSSE2), when(sse41, kFilterSSE41)}));
+  EXPECT_EQ(host.ChangedSlots(kMemory), when(sse2, kMemorySSE2));
+  EXPECT_EQ(host.ChangedSlots(kPaint), when(sse2, kPaintSSE2));
+  EXPECT_EQ(host.ChangedSlots(kResample),
+            Join({when(sse, kResampleSSE), when(sse2, kResampleSSE2), when(sse41, {26})}));
+  EXPECT_EQ(host.ChangedSlots(kSelect), Join({{26}, when(sse2, {33, 35, 73, 75})}));
+  EXPECT_EQ(host.ChangedSlots(kPath), (Slots{24, 46, 47}));
+}
+
+TEST(SlotsTest, ChangeAsTheFlagsSayEachOnItsOwn) {
+  EXPECT_EQ(kBlendSSE.size(), 11u);
+  EXPECT_EQ(kBlendSSE.size() + kBlendSSE2.size(), 54u);
+  EXPECT_EQ(kPaintSSE2.size(), 37u);
+  for (int flags = 0; flags < 8; ++flags) ExpectSlots(flags & 1, flags & 2, flags & 4);
+}
+
+}  // namespace
+}  // namespace vantrix
