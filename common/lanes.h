@@ -98,6 +98,12 @@ VX_LANE void StoreEnds(uint8_t* to, intptr_t count, V lanes) {
   __builtin_memcpy(to + count - kHalf, reinterpret_cast<const uint8_t*>(&lanes) + kHalf, kHalf);
 }
 
+// Whether samples are 128 or more: bytes seen as signed are negative then.
+template <class V>
+VX_LANE auto IsLight(V v) {
+  return As<Lanes<int8_t, kLaneCount<V>>>(v) < 0;
+}
+
 // What has no operator is an overload set on intrinsics, one per register.
 //
 //   WidenLow, WidenHigh  bytes to 16-bit lanes, zero-extended: together all of v,
@@ -105,7 +111,9 @@ VX_LANE void StoreEnds(uint8_t* to, intptr_t count, V lanes) {
 //   Narrow               16-bit lanes back to bytes; values 0..255
 //   HighProduct          the high half of each 32-bit product
 //   WeighLow, WeighHigh  d (255 - w) + r w in 16-bit lanes, halves as for Widen
-//   AllSet               whether a comparison holds in every lane
+//   TruncatedQuotient    n / d by single-precision division; quotients to 32767
+//   SetBytes             a bit for each byte in whose lane a comparison holds
+//   AllSet               whether it holds in every lane
 
 using Bytes16 = Lanes<uint8_t, 16>;
 using Words8 = Lanes<uint16_t, 8>;
@@ -122,10 +130,26 @@ VX_LANE Bytes16 Narrow(Words8 low, Words8 high) {
 VX_LANE Words8 HighProduct(Words8 a, Words8 b) {
   return As<Words8>(_mm_mulhi_epu16(As<__m128i>(a), As<__m128i>(b)));
 }
+VX_LANE Words8 TruncatedQuotient(Words8 n, Words8 d) {
+  const auto lowFloats = [](Words8 v) VX_INLINED {
+    return _mm_cvtepi32_ps(_mm_unpacklo_epi16(As<__m128i>(v), __m128i{}));
+  };
+  const auto highFloats = [](Words8 v) VX_INLINED {
+    return _mm_cvtepi32_ps(_mm_unpackhi_epi16(As<__m128i>(v), __m128i{}));
+  };
+  const __m128i low = _mm_cvttps_epi32(_mm_div_ps(lowFloats(n), lowFloats(d)));
+  const __m128i high = _mm_cvttps_epi32(_mm_div_ps(highFloats(n), highFloats(d)));
+  return As<Words8>(_mm_packs_epi32(low, high));
+}
+template <class Condition>
+  requires(sizeof(Condition) == 16)
+VX_LANE uint32_t SetBytes(Condition condition) {
+  return static_cast<uint32_t>(_mm_movemask_epi8(As<__m128i>(condition)));
+}
 template <class Condition>
   requires(sizeof(Condition) == 16)
 VX_LANE bool AllSet(Condition condition) {
-  return _mm_movemask_epi8(As<__m128i>(condition)) == 0xFFFF;
+  return SetBytes(condition) == 0xFFFF;
 }
 
 #if defined(__SSSE3__)
@@ -175,6 +199,17 @@ VX_LANE Words16 WeighHigh(Bytes32 d, Bytes32 r, Bytes32 w) {
   const auto weights = _mm256_unpackhi_epi8(As<__m256i>(w), As<__m256i>(~w));
   const auto samples = _mm256_unpackhi_epi8(As<__m256i>(r ^ 128), As<__m256i>(d ^ 128));
   return As<Words16>(_mm256_maddubs_epi16(weights, samples)) + 255 * 128;
+}
+VX_LANE Words16 TruncatedQuotient(Words16 n, Words16 d) {
+  const auto lowFloats = [](Words16 v) VX_INLINED {
+    return _mm256_cvtepi32_ps(_mm256_unpacklo_epi16(As<__m256i>(v), __m256i{}));
+  };
+  const auto highFloats = [](Words16 v) VX_INLINED {
+    return _mm256_cvtepi32_ps(_mm256_unpackhi_epi16(As<__m256i>(v), __m256i{}));
+  };
+  const __m256i low = _mm256_cvttps_epi32(_mm256_div_ps(lowFloats(n), lowFloats(d)));
+  const __m256i high = _mm256_cvttps_epi32(_mm256_div_ps(highFloats(n), highFloats(d)));
+  return As<Words16>(_mm256_packs_epi32(low, high));
 }
 template <class Condition>
   requires(sizeof(Condition) == 32)

@@ -31,6 +31,28 @@ VX_INLINE V Multiply(V a, V b) {
     return Narrow(DivideBy255(WidenLow(a) * WidenLow(b)), DivideBy255(WidenHigh(a) * WidenHigh(b)));
 }
 
+// a + b - a b / 255, the product rounded to nearest. Never wraps: it is a + b (1 - a).
+template <class V>
+VX_INLINE V Screen(V a, V b) {
+  if constexpr (kIsOneSample<V>)
+    return V{ScreenTable[a[0]][b[0]]};
+  else
+    return a + b - Multiply(a, b);
+}
+
+// Screen(a, b) where the condition holds, else Multiply(a, b): one product for both.
+template <class Condition, class V>
+VX_INLINE V ScreenOrMultiply(Condition screens, V a, V b) {
+  if constexpr (kIsOneSample<V>) {
+    // Looked up, as a branch on a varied picture would be mispredicted.
+    constexpr const uint8_t(*kTables[2])[256] = {MultiplyTable, ScreenTable};
+    return V{kTables[screens[0] & 1][a[0]][b[0]]};
+  } else {
+    const V product = Multiply(a, b);
+    return screens ? a + b - product : product;
+  }
+}
+
 // d + w (r - d) / 255, rounded to nearest: 0 keeps d, 255 gives r.
 //
 // Computed as (d (255 - w) + r w) / 255. The two products share 255 x 255
@@ -42,6 +64,28 @@ VX_INLINE V Mix(V d, V r, V w) {
     return d + V{static_cast<uint8_t>(change)};
   } else {
     return Narrow(DivideBy255(WeighLow(d, r, w)), DivideBy255(WeighHigh(d, r, w)));
+  }
+}
+
+// 255 x / y, halves rounded up, where y > x; 255 elsewhere.
+//
+// (255 x + y / 2) / y in integers. The numerator is at most 65152 and so exact in
+// single precision, as is the divisor. A quotient that is no integer lies at least
+// 1 / 255 below the next one, far more than any rounding of the division moves it:
+// truncated it is the integer quotient in each of the four rounding modes. Lanes that
+// saturate divide by 255, so that none divides by 0.
+template <class V>
+VX_INLINE V Divide(V x, V y) {
+  if constexpr (kIsOneSample<V>) {
+    return V{DivideTable[x[0]][y[0]]};
+  } else {
+    const V saturates = As<V>(y <= x);
+    const V divisor = y | saturates;
+    const auto quotient = [](auto numerator, auto by) VX_INLINED {
+      return TruncatedQuotient(numerator * 255 + (by >> 1), by);
+    };
+    return saturates | Narrow(quotient(WidenLow(x), WidenLow(divisor)),
+                              quotient(WidenHigh(x), WidenHigh(divisor)));
   }
 }
 

@@ -24,6 +24,7 @@ struct Plane {
   VX_LANE V Ends(intptr_t count) const {
     return LoadEnds<V, kHalf>(row, count);
   }
+  VX_LANE Plane From(intptr_t x) const { return {row + x, stride}; }
   VX_LANE void NextRow() { row += stride; }
 };
 struct Constant {
@@ -37,6 +38,7 @@ struct Constant {
   VX_LANE V Ends(intptr_t) const {
     return Fill<V>(value);
   }
+  VX_LANE Constant From(intptr_t) const { return *this; }
   VX_LANE void NextRow() {}
 };
 
@@ -60,27 +62,75 @@ struct Weights : Plane {
 struct Target {
   uint8_t* row;
   int32_t stride;
+
   static constexpr bool kIsRead = true;
+  template <class V>
+  VX_LANE V At(intptr_t x) const {
+    return Load<V>(row + x);
+  }
+  template <class V, int kHalf>
+  VX_LANE V Ends(intptr_t count) const {
+    return LoadEnds<V, kHalf>(row, count);
+  }
+  template <class V>
+  VX_LANE void Write(intptr_t x, V samples) const {
+    Store(row + x, samples);
+  }
+  template <int kHalf, class V>
+  VX_LANE void WriteEnds(intptr_t count, V samples) const {
+    StoreEnds<kHalf>(row, count, samples);
+  }
+  VX_LANE Target From(intptr_t x) const { return {row + x, stride}; }
   VX_LANE void NextRow() { row += stride; }
 };
-struct Output {
-  uint8_t* row;
-  int32_t stride;
+struct Output : Target {
   static constexpr bool kIsRead = false;
-  VX_LANE void NextRow() { row += stride; }
+};
+
+// Two planes that are read and written together: a rule takes and returns a pair.
+template <class V>
+struct Pair {
+  V first, second;
+};
+struct TwoTargets {
+  Target first, second;
+
+  static constexpr bool kIsRead = true;
+  template <class V>
+  VX_LANE Pair<V> At(intptr_t x) const {
+    return {first.At<V>(x), second.At<V>(x)};
+  }
+  template <class V, int kHalf>
+  VX_LANE Pair<V> Ends(intptr_t count) const {
+    return {first.Ends<V, kHalf>(count), second.Ends<V, kHalf>(count)};
+  }
+  template <class V>
+  VX_LANE void Write(intptr_t x, Pair<V> samples) const {
+    first.Write(x, samples.first);
+    second.Write(x, samples.second);
+  }
+  template <int kHalf, class V>
+  VX_LANE void WriteEnds(intptr_t count, Pair<V> samples) const {
+    first.WriteEnds<kHalf>(count, samples.first);
+    second.WriteEnds<kHalf>(count, samples.second);
+  }
+  VX_LANE void NextRow() {
+    first.NextRow();
+    second.NextRow();
+  }
 };
 
 template <class V, class Rule, class To, class... From>
-VX_INLINE V ResultAt(intptr_t x, Rule rule, To to, From... from) {
+VX_INLINE auto ResultAt(intptr_t x, Rule rule, To to, From... from) {
   if constexpr (To::kIsRead)
-    return rule(Load<V>(to.row + x), from.template At<V>(x)...);
+    return rule(to.template At<V>(x), from.template At<V>(x)...);
   else
     return rule(from.template At<V>(x)...);
 }
 
 template <class V, class Rule, class To, class... From>
 VX_INLINE void ApplyAt(intptr_t x, Rule rule, To to, From... from) {
-  Store(to.row + x, ResultAt<V>(x, rule, to, from...));
+  to.Write(x, ResultAt<V>(x, rule, to, from...));
 }
 
 // Under a plane of weights: a rule that weights another brings that as `full`.
@@ -91,18 +141,17 @@ VX_INLINE void ApplyAt(intptr_t x, Rule rule, Target to, Source source, Weights 
     if (cover == Weights::kNone) return;
     if (cover == Weights::kAll) return ApplyAt<V>(x, rule.full, to, source);
   }
-  Store(to.row + x, ResultAt<V>(x, rule, to, source, weights));
+  to.Write(x, ResultAt<V>(x, rule, to, source, weights));
 }
 
 template <int kHalf, class Rule, class To, class... From>
 VX_INLINE void ApplyToEnds(intptr_t count, Rule rule, To to, From... from) {
   using V = Bytes16;
   if constexpr (To::kIsRead)
-    StoreEnds<kHalf>(
-        to.row, count,
-        rule(LoadEnds<V, kHalf>(to.row, count), from.template Ends<V, kHalf>(count)...));
+    to.template WriteEnds<kHalf>(
+        count, rule(to.template Ends<V, kHalf>(count), from.template Ends<V, kHalf>(count)...));
   else
-    StoreEnds<kHalf>(to.row, count, rule(from.template Ends<V, kHalf>(count)...));
+    to.template WriteEnds<kHalf>(count, rule(from.template Ends<V, kHalf>(count)...));
 }
 
 // A block of them ends the row, reaching back over the one before. It is computed
@@ -110,9 +159,18 @@ VX_INLINE void ApplyToEnds(intptr_t count, Rule rule, To to, From... from) {
 template <class V, class Rule, class To, class... From>
 VX_INLINE void ApplyInBlocks(intptr_t count, Rule rule, To to, From... from) {
   const intptr_t lastBlock = count - kLaneCount<V>;
-  const V last = ResultAt<V>(lastBlock, rule, to, from...);
+  const auto last = ResultAt<V>(lastBlock, rule, to, from...);
   for (intptr_t x = 0; x < lastBlock; x += kLaneCount<V>) ApplyAt<V>(x, rule, to, from...);
-  Store(to.row + lastBlock, last);
+  to.Write(lastBlock, last);
+}
+
+// A row of fewer than 16 samples.
+template <class Rule, class To, class... From>
+VX_INLINE void ApplyToShort(intptr_t count, Rule rule, To to, From... from) {
+  if (count >= 8) return ApplyToEnds<8>(count, rule, to, from...);
+  if (count >= 4) return ApplyToEnds<4>(count, rule, to, from...);
+  if (count >= 2) return ApplyToEnds<2>(count, rule, to, from...);
+  if (count == 1) ApplyAt<Lanes<uint8_t, 1>>(0, rule, to, from...);
 }
 
 // Calls work(to, from...) with each row in turn.
@@ -123,6 +181,16 @@ VX_INLINE void ForEachRow(int32_t rows, Work work, To to, From... from) {
     to.NextRow();
     (from.NextRow(), ...);
   }
+}
+
+// Fewer samples than this are quicker taken one by one than in one register: 2, unless
+// a rule says otherwise.
+template <class Rule>
+constexpr intptr_t FewestInRegister() {
+  if constexpr (requires { Rule::kFewestInRegister; })
+    return Rule::kFewestInRegister;
+  else
+    return 2;
 }
 
 // Applies rule to `rows` rows of `columns` samples; a count below 1 touches no
@@ -150,9 +218,10 @@ VX_INLINE void BlendRows(int32_t rows, int32_t columns, To to, Rule rule, From..
     if (Form::kBlock > 16 && count >= 16)
       return inEachRow([=](auto... planes)
                            VX_INLINED { ApplyInBlocks<Bytes16>(count, rule, planes...); });
+    constexpr intptr_t kFewest = FewestInRegister<Rule>();
     if (count >= 8) return asEnds(std::integral_constant<int, 8>{});
-    if (count >= 4) return asEnds(std::integral_constant<int, 4>{});
-    if (count >= 2) return asEnds(std::integral_constant<int, 2>{});
+    if (kFewest <= 4 && count >= 4) return asEnds(std::integral_constant<int, 4>{});
+    if (kFewest <= 2 && count >= 2) return asEnds(std::integral_constant<int, 2>{});
   }
   inEachRow([=](auto... planes) VX_INLINED {
     for (intptr_t x = 0; x < count; ++x) ApplyAt<One>(x, rule, planes...);

@@ -2,10 +2,9 @@
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
-#include "host/catalog.h"
 #include "host/tables.h"
 #include "plugin/startup.h"
-#include "suites/kernel_lists.h"
+#include "tests/builds.h"
 
 namespace vantrix {
 namespace {
@@ -23,39 +22,9 @@ const host::Tables& StartedTables() {
   return *tables;
 }
 
-struct Build {
-  SuiteIndex suite;
-  uint16_t slot;
-  const char* form;
-  Routine routine;
-  bool runsHere;
-};
-
-void PrintTo(const Build& build, std::ostream* stream) {
-  *stream << host::Catalog()[build.suite].name << ' ' << build.slot << ' ' << build.form;
-}
-
-bool RunsHere(std::string_view form) {
-  if (form == "SSSE3") return __builtin_cpu_supports("ssse3");
-  if (form == "SSE41") return __builtin_cpu_supports("sse4.1");
-  return true;
-}
-
-std::vector<Build> AllBuilds() {
-  std::vector<Build> builds;
-  for (const auto& [suite, kernels] : KernelLists())
-    for (const Kernel& kernel : kernels)
-      ForEachBuild(kernel, [&](const char* form, RoutineGetter getter) {
-        builds.push_back({suite, kernel.slot, form, getter(), RunsHere(form)});
-      });
-  return builds;
-}
-
 class KernelsTest : public ::testing::TestWithParam<Build> {
  protected:
-  KernelsTest() : arena_(8, size_t{1} << 20) {
-    const auto& suite = host::Catalog()[GetParam().suite];
-    reference_ = host::FindReference(suite, GetParam().slot);
+  KernelsTest() : arena_(8, size_t{1} << 20), reference_(ReferenceOf(GetParam())) {
     StartedTables();
   }
   void SetUp() override {
@@ -87,11 +56,7 @@ TEST_P(KernelsTest, EqualsTheReferenceAtEveryPlaceAndWidth) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllBuilds, KernelsTest, ::testing::ValuesIn(AllBuilds()),
-                         [](const auto& test) {
-                           const Build& build = test.param;
-                           return std::string(host::Catalog()[build.suite].name) + '_' +
-                                  std::to_string(build.slot) + '_' + build.form;
-                         });
+                         [](const auto& test) { return NameOf(test.param); });
 
 TEST(InstalledTest, StandInTheTablesInTheirWidestBuild) {
   const host::Tables& tables = StartedTables();
@@ -100,7 +65,7 @@ TEST(InstalledTest, StandInTheTablesInTheirWidestBuild) {
     for (const Build& other : AllBuilds())
       if (other.suite == build.suite && other.slot == build.slot && other.runsHere)
         isInstalled = tables.Live(other.suite, other.slot) == other.routine;
-    EXPECT_TRUE(isInstalled) << host::Catalog()[build.suite].name << ' ' << build.slot;
+    EXPECT_TRUE(isInstalled) << NameOf(build);
   }
 }
 

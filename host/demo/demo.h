@@ -17,6 +17,10 @@ struct Operation {
 // By area; each in a file of its own.
 void DemonstrateMemory(Session& session);
 void DemonstrateVignette(Session& session);
+void DemonstrateBlends(Session& session);
+
+// A plane of weights: 255 in an ellipse about the middle, falling to 0 over a soft edge.
+std::vector<uint8_t> VignetteMask(int width, int height);
 
 // Runs all operations; writes pictures and report.txt into the folder, which is made
 // if need be, and prints the report. An empty path stands for a generated picture.

@@ -6,25 +6,23 @@
 
 namespace vantrix::host {
 
-double BestTime(const std::function<void()>& prepare, const std::function<void()>& work) {
+double TimeOf(const std::function<void()>& work) {
   using Clock = std::chrono::steady_clock;
-  double best = 1e30, spent = 0;
-  for (int run = 0; run < 20 && (run < 3 || spent < 0.05); ++run) {
-    prepare();
-    const auto start = Clock::now();
-    work();
-    const double time = std::chrono::duration<double>(Clock::now() - start).count();
-    best = std::min(best, time);
-    spent += time;
-  }
-  return best;
+  const auto start = Clock::now();
+  work();
+  return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-Session::Row& Session::RowOf(SuiteIndex suite, uint16_t slot) {
-  for (Row& row : rows_)
-    if (row.suite == suite && row.slot == slot) return row;
-  rows_.push_back({suite, slot});
-  return rows_.back();
+void Session::Note(SuiteIndex suite, uint16_t slot, Times times, bool isSame) {
+  isGood_ &= isSame;
+  for (Row& row : rows_) {
+    if (row.suite != suite || row.slot != slot) continue;
+    row.times.byDefault += times.byDefault;
+    row.times.byPlugin += times.byPlugin;
+    row.isSame &= isSame;
+    return;
+  }
+  rows_.push_back({suite, slot, times, isSame});
 }
 
 void Session::Save(const std::string& name, const Picture& picture) {
@@ -47,8 +45,8 @@ std::string Session::Report() const {
                                    [&](const Slot& s) { return s.index == row.slot; });
     char line[160];
     std::snprintf(line, sizeof line, "%s %-4d %-30s %9.3f ms %9.3f ms %7.1fx  %s\n", suite.name,
-                  row.slot, slot == suite.slots.end() ? "" : slot->name, 1e3 * row.defaultTime,
-                  1e3 * row.liveTime, row.defaultTime / row.liveTime,
+                  row.slot, slot == suite.slots.end() ? "" : slot->name, 1e3 * row.times.byDefault,
+                  1e3 * row.times.byPlugin, row.times.byDefault / row.times.byPlugin,
                   row.isSame ? "the same" : "DIFFERS");
     report += line;
   }

@@ -5,9 +5,7 @@
 #include "suites/blend/signatures.h"
 
 namespace vantrix::host {
-namespace {
 
-// 255 in an ellipse about the middle, falling to 0 over a soft edge.
 std::vector<uint8_t> VignetteMask(int width, int height) {
   std::vector<uint8_t> mask;
   mask.reserve(static_cast<size_t>(width) * static_cast<size_t>(height));
@@ -21,8 +19,6 @@ std::vector<uint8_t> VignetteMask(int width, int height) {
   }
   return mask;
 }
-
-}  // namespace
 
 // The photograph into a second picture, and a colour around the photograph.
 void DemonstrateVignette(Session& session) {

@@ -12,8 +12,6 @@
 namespace vantrix::host {
 namespace {
 
-constexpr size_t kPage = 4096;
-
 enum class Access { kNone, kRead, kWrite };
 
 #if defined(_WIN32)
@@ -56,8 +54,8 @@ Arena::~Arena() {
   for (uint8_t* region : regions_) Release(region - kPage, regionBytes_ + 2 * kPage);
 }
 
-void Arena::SetWritable(int index, bool isWritable) const {
-  Allow(Region(index), regionBytes_, isWritable ? Access::kWrite : Access::kRead);
+void Arena::SetWritable(int index, size_t bytes, bool isWritable) const {
+  Allow(Region(index), bytes, isWritable ? Access::kWrite : Access::kRead);
 }
 
 }  // namespace vantrix::host

@@ -20,8 +20,11 @@ class Arena {
   size_t RegionBytes() const { return regionBytes_; }
   uint8_t* Region(int index) const { return regions_[static_cast<size_t>(index)]; }
 
-  // Allows a region's pages to be read only, or to be written again.
-  void SetWritable(int index, bool isWritable) const;
+  // Allows the first `bytes` bytes of a region, whole pages, to be read only, or to be
+  // written again.
+  void SetWritable(int index, size_t bytes, bool isWritable) const;
+
+  static constexpr size_t kPage = 4096;
 
  private:
   std::vector<uint8_t*> regions_;

@@ -5,7 +5,12 @@
 
 namespace vantrix::host {
 
-Exercise ExerciseMaskedBlend, ExerciseColorMaskedBlend;
+// Operands apart from the destination, or the destination itself.
+Exercise ExercisePlaneBlend, ExerciseOpacityBlend, ExerciseMaskedBlend, ExerciseColorMaskedBlend,
+    ExercisePlanesBlend, ExerciseInvertBlend, ExerciseShareBlend, ExerciseMaskFirstBlend;
+// Operands that lie over the destination in any way.
+Exercise ExerciseOverlappingPlaneBlend, ExerciseOverlappingOpacityBlend,
+    ExerciseOverlappingMaskedBlend, ExerciseOverlappingColorMaskedBlend;
 
 Exercise ExerciseCopyBytes, ExerciseCopyRect, ExerciseFillBytes, ExerciseFillRect,
     ExerciseFillWords, ExerciseFillWordRect, ExerciseBytesAllEqual, ExerciseRectAllEqual;

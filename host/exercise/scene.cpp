@@ -144,6 +144,37 @@ PlaneView Scene::Plane(Shape shape, int32_t rowBytes, int32_t unit) {
   return view;
 }
 
+namespace {
+// How far an overlapping plane may lie from the other, in bytes either way.
+constexpr int32_t kReach = 48;
+}  // namespace
+
+PlaneView Scene::RoomyBytes(Shape shape) {
+  if (IsMeasured() || IsPinned() || shape.rows < 1 || shape.columns < 1) return Bytes(shape);
+  if (!choices_.OneIn(3)) return Bytes(shape);
+  // A plane of more and longer rows, of which the shape is a part.
+  const Shape room{shape.rows + 2, shape.columns + 2 * kReach};
+  PlaneView view = Bytes(room);
+  isRoomy_ = true;
+  view.first += view.stride + kReach;
+  return view;
+}
+
+PlaneView Scene::Over(Shape shape, PlaneView other) {
+  if (!isRoomy_) return other;
+  // The same rows or a row beside them, shifted, perhaps drifting from row to row.
+  PlaneView view = other;
+  view.first +=
+      intptr_t{choices_.Between(-1, 1)} * other.stride + choices_.Between(-kReach, kReach);
+  if (choices_.OneIn(3) && shape.rows > 1) {
+    const int32_t drift = choices_.Between(-kReach, kReach) / shape.rows;
+    const ptrdiff_t last = drift * ptrdiff_t{shape.rows - 1};
+    const ptrdiff_t start = view.first - other.first;
+    if (start + last <= kReach && start + last >= -kReach) view.stride += drift;
+  }
+  return view;
+}
+
 uint32_t Scene::AnyByte() {
   constexpr uint8_t kEdges[] = {0, 1, 127, 128, 254, 255};
   const uint32_t choice = choices_.Below(3);

@@ -72,6 +72,9 @@ class Scene {
   // a multiple of `unit`. Where the shape is empty every byte of it is inaccessible.
   PlaneView Plane(Shape shape, int32_t rowBytes, int32_t unit = 1);
   PlaneView Bytes(Shape shape) { return Plane(shape, shape.columns); }
+  // One with room about it, and a plane of the same shape that lies somewhere over it.
+  PlaneView RoomyBytes(Shape shape);
+  PlaneView Over(Shape shape, PlaneView other);
   PlaneView Words(Shape shape) { return Plane(shape, shape.columns * 2, 2); }
   // A run of bytes: a plane of one row.
   PlaneView Run(int32_t bytes, int32_t unit = 1) { return Plane({1, bytes}, bytes, unit); }
@@ -100,6 +103,7 @@ class Scene {
   int32_t pinnedOffset_ = -1;
   Runner runner_;
   int regionsUsed_ = 0;
+  bool isRoomy_ = false;
   Outcome outcome_;
 };
 

@@ -1,4 +1,4 @@
 #include "common/forms.h"
 
 using VantrixForm = vantrix::Ssse3;
-#include "suites/blend/instances.inl"
+#include "suites/blend/mixing_instances.inl"

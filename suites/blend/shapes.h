@@ -1,21 +1,30 @@
-// One kernel template for each argument list of the blends.
+// The shapes of a blend mode: one kernel template for each argument list.
 //
-// A mode is a rule for a full-strength sample, r = Mode(d, s). A shape says where s
-// comes from and how far d moves towards r:
+//   AtFullStrength   d' = Mode(d, s)
+//   WithOpacity      d' = d + k (Mode(d, s) - d) / 255, k one opacity for all samples
+//   UnderMask        the same with k from a plane
+//   ColorUnderMask   the same with one colour as s
 //
-//   UnderMask        source plane, by a plane of weights
-//   ColorUnderMask   one colour, by a plane of weights
+// All are rounded to nearest: a weight of 0 keeps d and one of 255 gives Mode(d, s).
 //
-// A weight of 0 keeps d and 255 gives r. A source or mask may be the destination
-// itself; at an offset, the overlap has no defined result.
+// An operand plane may be the destination itself. One whose rows overlap the
+// destination's at an offset has no defined result, except for screen, overlay and
+// hard light (Mode::kCopiesRows): there a row of at most 4096 samples behaves as if
+// its operands had been copied before it is written.
 //
-// Form says how many samples are taken at once; see common/forms.h.
+// Mode is one of modes.h; Form says how many samples are taken at once.
 #pragma once
 
 #include "suites/blend/signatures.h"
 
 namespace vantrix {
 
+template <class Mode, class Form>
+void AtFullStrength(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
+                    int32_t sourceStride, int32_t destinationStride);
+template <class Mode, class Form>
+void WithOpacity(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
+                 int32_t sourceStride, int32_t destinationStride, uint32_t opacity);
 template <class Mode, class Form>
 void UnderMask(const uint8_t* source, uint8_t* destination, const uint8_t* mask, int32_t rows,
                int32_t columns, int32_t sourceStride, int32_t destinationStride,

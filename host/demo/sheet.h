@@ -1,0 +1,30 @@
+// Pictures in a grid, each with a label under it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/demo/picture.h"
+
+namespace vantrix::host {
+
+class Sheet {
+ public:
+  Sheet(int columns, int tileWidth) : columns_(columns), tileWidth_(tileWidth) {}
+
+  // The picture is reduced to the width of a tile, by averaging. A label may have
+  // several lines.
+  void Add(const Picture& picture, std::string label);
+
+  Picture Draw() const;
+
+ private:
+  struct Tile {
+    Picture picture;
+    std::string label;
+  };
+  int columns_, tileWidth_;
+  std::vector<Tile> tiles_;
+};
+
+}  // namespace vantrix::host
