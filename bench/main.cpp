@@ -10,8 +10,8 @@
 namespace vantrix::bench {
 namespace {
 
-// Planes of 16 MiB with their margins.
-constexpr size_t kRegionBytes = size_t{18} << 20;
+// Planes of 16 Mi samples of up to four bytes, with their margins.
+constexpr size_t kRegionBytes = size_t{66} << 20;
 
 void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine,
              host::Shape shape) {

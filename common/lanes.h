@@ -76,26 +76,34 @@ VX_LANE To As(From lanes) {
   return reinterpret_cast<To>(lanes);
 }
 
-// A row shorter than a register, taken as its first kHalf and its last kHalf
-// bytes in one register: kHalf <= count <= 2 kHalf. The two may overlap, then
-// the bytes between stand in it twice and are stored twice with one value.
-template <class V, int kHalf>
-VX_LANE V LoadEnds(const uint8_t* from, intptr_t count) {
+// The same place in a row `bytes` further on.
+template <class T>
+VX_LANE T* Below(T* row, intptr_t bytes) {
+  using Byte = std::conditional_t<std::is_const_v<T>, const uint8_t, uint8_t>;
+  return reinterpret_cast<T*>(reinterpret_cast<Byte*>(row) + bytes);
+}
+
+// A row shorter than a register, taken as its first kHalf and its last kHalf bytes in
+// one register: they make up its `count` samples. The two may overlap, then the bytes
+// between stand in it twice and are stored twice with one value.
+template <class V, int kHalf, class T>
+VX_LANE V LoadEnds(const T* from, intptr_t count) {
   static_assert(kHalf == 8 || kHalf == 4 || kHalf == 2);
   using Half =
       std::conditional_t<kHalf == 8, uint64_t, std::conditional_t<kHalf == 4, uint32_t, uint16_t>>;
   Lanes<Half, sizeof(V) / kHalf> ends{};
   Half first, last;
   __builtin_memcpy(&first, from, kHalf);
-  __builtin_memcpy(&last, from + count - kHalf, kHalf);
+  __builtin_memcpy(&last, Below(from + count, -kHalf), kHalf);
   ends[0] = first;
   ends[1] = last;
   return As<V>(ends);
 }
-template <int kHalf, class V>
-VX_LANE void StoreEnds(uint8_t* to, intptr_t count, V lanes) {
+template <int kHalf, class T, class V>
+VX_LANE void StoreEnds(T* to, intptr_t count, V lanes) {
   __builtin_memcpy(to, &lanes, kHalf);
-  __builtin_memcpy(to + count - kHalf, reinterpret_cast<const uint8_t*>(&lanes) + kHalf, kHalf);
+  __builtin_memcpy(Below(to + count, -kHalf), reinterpret_cast<const uint8_t*>(&lanes) + kHalf,
+                   kHalf);
 }
 
 // Whether samples are 128 or more: bytes seen as signed are negative then.
@@ -111,6 +119,9 @@ VX_LANE auto IsLight(V v) {
 //   Narrow               16-bit lanes back to bytes; values 0..255
 //   HighProduct          the high half of each 32-bit product
 //   WeighLow, WeighHigh  d (255 - w) + r w in 16-bit lanes, halves as for Widen
+//   InterleaveLow, InterleaveHigh
+//                        lanes of a and of b in turn, from the low or the high halves
+//   HalfUp               v / 2, halves rounded up
 //   TruncatedQuotient    n / d by single-precision division; quotients to 32767
 //   SetBytes             a bit for each byte in whose lane a comparison holds
 //   AllSet               whether it holds in every lane
@@ -127,8 +138,26 @@ VX_LANE Words8 WidenHigh(Bytes16 v) {
 VX_LANE Bytes16 Narrow(Words8 low, Words8 high) {
   return As<Bytes16>(_mm_packus_epi16(As<__m128i>(low), As<__m128i>(high)));
 }
+VX_LANE Bytes16 InterleaveLow(Bytes16 a, Bytes16 b) {
+  return As<Bytes16>(_mm_unpacklo_epi8(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Bytes16 InterleaveHigh(Bytes16 a, Bytes16 b) {
+  return As<Bytes16>(_mm_unpackhi_epi8(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Words8 InterleaveLow(Words8 a, Words8 b) {
+  return As<Words8>(_mm_unpacklo_epi16(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Words8 InterleaveHigh(Words8 a, Words8 b) {
+  return As<Words8>(_mm_unpackhi_epi16(As<__m128i>(a), As<__m128i>(b)));
+}
 VX_LANE Words8 HighProduct(Words8 a, Words8 b) {
   return As<Words8>(_mm_mulhi_epu16(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Words8 HalfUp(Words8 v) { return As<Words8>(_mm_avg_epu16(As<__m128i>(v), __m128i{})); }
+template <class V>
+  requires(kLaneCount<V> == 1)
+VX_LANE V HalfUp(V v) {
+  return (v >> 1) + (v & 1);
 }
 VX_LANE Words8 TruncatedQuotient(Words8 n, Words8 d) {
   const auto lowFloats = [](Words8 v) VX_INLINED {
@@ -199,6 +228,9 @@ VX_LANE Words16 WeighHigh(Bytes32 d, Bytes32 r, Bytes32 w) {
   const auto weights = _mm256_unpackhi_epi8(As<__m256i>(w), As<__m256i>(~w));
   const auto samples = _mm256_unpackhi_epi8(As<__m256i>(r ^ 128), As<__m256i>(d ^ 128));
   return As<Words16>(_mm256_maddubs_epi16(weights, samples)) + 255 * 128;
+}
+VX_LANE Words16 HalfUp(Words16 v) {
+  return As<Words16>(_mm256_avg_epu16(As<__m256i>(v), __m256i{}));
 }
 VX_LANE Words16 TruncatedQuotient(Words16 n, Words16 d) {
   const auto lowFloats = [](Words16 v) VX_INLINED {

@@ -1,9 +1,11 @@
-// Walks the rows of 8-bit planes and applies a rule to every sample.
+// Walks the rows of planes and applies a rule to every sample.
 //
 // A rule is a function object on registers of samples. It is given the target's
 // sample first, where the target is read, and then one sample of each operand;
 // it returns the target's new sample. It may hold nothing that differs between
 // samples: a row is worked on in whatever order and width is quickest.
+//
+// Places and counts are in samples, strides in bytes.
 #pragma once
 
 #include "common/forms.h"
@@ -12,8 +14,10 @@
 namespace vantrix {
 
 // The operands of a rule: a plane, or one value for every sample.
-struct Plane {
-  const uint8_t* row;
+template <class T>
+struct PlaneOf {
+  using Sample = T;
+  const T* row;
   int32_t stride;  // bytes from a row to the next, may be negative
 
   template <class V>
@@ -24,9 +28,12 @@ struct Plane {
   VX_LANE V Ends(intptr_t count) const {
     return LoadEnds<V, kHalf>(row, count);
   }
-  VX_LANE Plane From(intptr_t x) const { return {row + x, stride}; }
-  VX_LANE void NextRow() { row += stride; }
+  VX_LANE PlaneOf From(intptr_t x) const { return {row + x, stride}; }
+  VX_LANE void NextRow() { row = Below(row, stride); }
 };
+using Plane = PlaneOf<uint8_t>;
+using WordPlane = PlaneOf<uint16_t>;
+
 struct Constant {
   uint8_t value;
 
@@ -58,9 +65,11 @@ struct Weights : Plane {
   }
 };
 
-// The plane that is written: read first (Target), or never read (Output).
-struct Target {
-  uint8_t* row;
+// The plane that is written: read first (TargetOf), or never read (OutputOf).
+template <class T>
+struct TargetOf {
+  using Sample = T;
+  T* row;
   int32_t stride;
 
   static constexpr bool kIsRead = true;
@@ -80,29 +89,36 @@ struct Target {
   VX_LANE void WriteEnds(intptr_t count, V samples) const {
     StoreEnds<kHalf>(row, count, samples);
   }
-  VX_LANE Target From(intptr_t x) const { return {row + x, stride}; }
-  VX_LANE void NextRow() { row += stride; }
+  VX_LANE TargetOf From(intptr_t x) const { return {row + x, stride}; }
+  VX_LANE void NextRow() { row = Below(row, stride); }
 };
-struct Output : Target {
+template <class T>
+struct OutputOf : TargetOf<T> {
   static constexpr bool kIsRead = false;
 };
+using Target = TargetOf<uint8_t>;
+using Output = OutputOf<uint8_t>;
+using WordTarget = TargetOf<uint16_t>;
+using WordOutput = OutputOf<uint16_t>;
 
 // Two planes that are read and written together: a rule takes and returns a pair.
 template <class V>
 struct Pair {
   V first, second;
 };
-struct TwoTargets {
-  Target first, second;
+template <class T>
+struct TwoTargetsOf {
+  using Sample = T;
+  TargetOf<T> first, second;
 
   static constexpr bool kIsRead = true;
   template <class V>
   VX_LANE Pair<V> At(intptr_t x) const {
-    return {first.At<V>(x), second.At<V>(x)};
+    return {first.template At<V>(x), second.template At<V>(x)};
   }
   template <class V, int kHalf>
   VX_LANE Pair<V> Ends(intptr_t count) const {
-    return {first.Ends<V, kHalf>(count), second.Ends<V, kHalf>(count)};
+    return {first.template Ends<V, kHalf>(count), second.template Ends<V, kHalf>(count)};
   }
   template <class V>
   VX_LANE void Write(intptr_t x, Pair<V> samples) const {
@@ -111,14 +127,16 @@ struct TwoTargets {
   }
   template <int kHalf, class V>
   VX_LANE void WriteEnds(intptr_t count, Pair<V> samples) const {
-    first.WriteEnds<kHalf>(count, samples.first);
-    second.WriteEnds<kHalf>(count, samples.second);
+    first.template WriteEnds<kHalf>(count, samples.first);
+    second.template WriteEnds<kHalf>(count, samples.second);
   }
   VX_LANE void NextRow() {
     first.NextRow();
     second.NextRow();
   }
 };
+using TwoTargets = TwoTargetsOf<uint8_t>;
+using TwoWordTargets = TwoTargetsOf<uint16_t>;
 
 template <class V, class Rule, class To, class... From>
 VX_INLINE auto ResultAt(intptr_t x, Rule rule, To to, From... from) {
@@ -144,9 +162,10 @@ VX_INLINE void ApplyAt(intptr_t x, Rule rule, Target to, Source source, Weights 
   to.Write(x, ResultAt<V>(x, rule, to, source, weights));
 }
 
+// A row that is two overlapping halves, of kHalf bytes each, in one register.
 template <int kHalf, class Rule, class To, class... From>
 VX_INLINE void ApplyToEnds(intptr_t count, Rule rule, To to, From... from) {
-  using V = Bytes16;
+  using V = Lanes<typename To::Sample, 16 / sizeof(typename To::Sample)>;
   if constexpr (To::kIsRead)
     to.template WriteEnds<kHalf>(
         count, rule(to.template Ends<V, kHalf>(count), from.template Ends<V, kHalf>(count)...));
@@ -164,7 +183,7 @@ VX_INLINE void ApplyInBlocks(intptr_t count, Rule rule, To to, From... from) {
   to.Write(lastBlock, last);
 }
 
-// A row of fewer than 16 samples.
+// A row of fewer than 16 bytes.
 template <class Rule, class To, class... From>
 VX_INLINE void ApplyToShort(intptr_t count, Rule rule, To to, From... from) {
   if (count >= 8) return ApplyToEnds<8>(count, rule, to, from...);
@@ -204,24 +223,27 @@ constexpr intptr_t FewestInRegister() {
 // whatever the order of work gives.
 template <class Form, class To, class Rule, class... From>
 VX_INLINE void BlendRows(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
-  using One = Lanes<uint8_t, 1>;
-  using Block = Lanes<uint8_t, Form::kBlock>;
+  using T = typename To::Sample;
+  constexpr intptr_t kSize = sizeof(T);
+  using One = Lanes<T, 1>;
   const intptr_t count = columns;
   const auto inEachRow = [&](auto work) VX_INLINED { ForEachRow(rows, work, to, from...); };
+  const auto inBlocks = [&]<int kBytes>(std::integral_constant<int, kBytes>) VX_INLINED {
+    inEachRow([=](auto... planes)
+                  VX_INLINED { ApplyInBlocks<Lanes<T, kBytes / kSize>>(count, rule, planes...); });
+  };
   const auto asEnds = [&]<int kHalf>(std::integral_constant<int, kHalf>) VX_INLINED {
     inEachRow([=](auto... planes) VX_INLINED { ApplyToEnds<kHalf>(count, rule, planes...); });
   };
-  if constexpr (Form::kBlock > 1) {
-    if (count >= Form::kBlock)
-      return inEachRow([=](auto... planes)
-                           VX_INLINED { ApplyInBlocks<Block>(count, rule, planes...); });
-    if (Form::kBlock > 16 && count >= 16)
-      return inEachRow([=](auto... planes)
-                           VX_INLINED { ApplyInBlocks<Bytes16>(count, rule, planes...); });
+  if constexpr (Form::kBytes > 1) {
     constexpr intptr_t kFewest = FewestInRegister<Rule>();
-    if (count >= 8) return asEnds(std::integral_constant<int, 8>{});
-    if (kFewest <= 4 && count >= 4) return asEnds(std::integral_constant<int, 4>{});
-    if (kFewest <= 2 && count >= 2) return asEnds(std::integral_constant<int, 2>{});
+    if (count * kSize >= Form::kBytes) return inBlocks(std::integral_constant<int, Form::kBytes>{});
+    if (Form::kBytes > 16 && count * kSize >= 16)
+      return inBlocks(std::integral_constant<int, 16>{});
+    if (count * kSize >= 8) return asEnds(std::integral_constant<int, 8>{});
+    if (kFewest <= 4 && count * kSize >= 4) return asEnds(std::integral_constant<int, 4>{});
+    if constexpr (kSize < 2)
+      if (kFewest <= 2 && count >= 2) return asEnds(std::integral_constant<int, 2>{});
   }
   inEachRow([=](auto... planes) VX_INLINED {
     for (intptr_t x = 0; x < count; ++x) ApplyAt<One>(x, rule, planes...);

@@ -23,14 +23,14 @@ constexpr Slot kCoreSlots[] = {
 const std::array<SuiteEntry, kSuiteCount>& Catalog() {
   static const std::array<SuiteEntry, kSuiteCount> suites = {{
       {kBlend, "blnd", kBlendSlots, BlendReferences()},
-      {kConvert, "conv", kConvertSlots, {}},
+      {kConvert, "conv", kConvertSlots, ConvertReferences()},
       {kCore, "core", kCoreSlots, {}},
       {kDisplay, "disp", {}, {}},
       {kFilter, "filt", kFilterSlots, {}},
       {kMemory, "memo", kMemorySlots, MemoryReferences()},
       {kPaint, "pntg", kPaintSlots, {}},
       {kResample, "rsmp", kResampleSlots, {}},
-      {kSelect, "sele", kSelectSlots, {}},
+      {kSelect, "sele", kSelectSlots, SelectReferences()},
       {kPath, "path", kPathSlots, {}},
   }};
   return suites;

@@ -11,6 +11,8 @@ constexpr Operation kOperations[] = {
     {"copies and fills", DemonstrateMemory},
     {"soft-edged vignettes", DemonstrateVignette},
     {"every blend on one sheet", DemonstrateBlends},
+    {"masks classified, marks spread, colours propagated", DemonstrateSelection},
+    {"8 to 16 bits and back", DemonstrateDepths},
 };
 
 bool Fail(const std::string& reason) {

@@ -18,6 +18,8 @@ struct Operation {
 void DemonstrateMemory(Session& session);
 void DemonstrateVignette(Session& session);
 void DemonstrateBlends(Session& session);
+void DemonstrateSelection(Session& session);
+void DemonstrateDepths(Session& session);
 
 // A plane of weights: 255 in an ellipse about the middle, falling to 0 over a soft edge.
 std::vector<uint8_t> VignetteMask(int width, int height);

@@ -12,6 +12,11 @@ Exercise ExercisePlaneBlend, ExerciseOpacityBlend, ExerciseMaskedBlend, Exercise
 Exercise ExerciseOverlappingPlaneBlend, ExerciseOverlappingOpacityBlend,
     ExerciseOverlappingMaskedBlend, ExerciseOverlappingColorMaskedBlend;
 
+Exercise ExerciseRescaleWords, ExerciseExpand8To16;
+
+Exercise ExerciseSpreadMark, ExerciseClassify8, ExerciseClassify16, ExercisePropagate8,
+    ExercisePropagate16;
+
 Exercise ExerciseCopyBytes, ExerciseCopyRect, ExerciseFillBytes, ExerciseFillRect,
     ExerciseFillWords, ExerciseFillWordRect, ExerciseBytesAllEqual, ExerciseRectAllEqual;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace vantrix::host {
 namespace {
@@ -99,18 +100,24 @@ void Scene::FillContent(uint8_t* start, size_t bytes) {
 }
 
 PlaneView Scene::Plane(Shape shape, int32_t rowBytes, int32_t unit) {
+  // Room between rows, as other planes of the same picture or padding would make.
+  const int32_t gap = IsMeasured() || choices_.OneIn(3) ? 0 : choices_.Between(0, 40) * unit;
+  const bool isUpward = !IsMeasured() && choices_.OneIn(4);
+  const int32_t step = rowBytes > 0 ? rowBytes + gap : gap + 64;
+  return Place(shape, rowBytes, unit, isUpward ? -step : step);
+}
+
+PlaneView Scene::Twin(Shape shape, int32_t rowBytes, int32_t unit, PlaneView other) {
+  return Place(shape, rowBytes, unit, other.stride);
+}
+
+PlaneView Scene::Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stride) {
   const bool isPinned = IsPinned() && regionsUsed_ == 0;
   uint8_t* const region = arena_.Region(regionsUsed_++ % arena_.RegionCount());
   const auto regionBytes = static_cast<ptrdiff_t>(arena_.RegionBytes());
-  const bool isMeasured = IsMeasured();
-  // Room between rows, as other planes of the same picture or padding would make.
-  const int32_t gap = isMeasured || choices_.OneIn(3) ? 0 : choices_.Between(0, 40) * unit;
-  const bool isUpward = !isMeasured && choices_.OneIn(4);
-  if (shape.rows < 1 || shape.columns < 1 || rowBytes < 1)
-    return {region + regionBytes, isUpward ? -gap - 64 : gap + 64};
+  if (shape.rows < 1 || shape.columns < 1 || rowBytes < 1) return {region + regionBytes, stride};
 
-  const int32_t step = rowBytes + gap;
-  const ptrdiff_t extent = ptrdiff_t{shape.rows - 1} * step + rowBytes;
+  const ptrdiff_t extent = ptrdiff_t{shape.rows - 1} * std::abs(stride) + rowBytes;
   const ptrdiff_t room = (regionBytes - extent) / unit;
   if (room < 0) {
     std::fprintf(stderr, "vantrix-host: a plane of %td bytes does not fit the arena\n", extent);
@@ -119,7 +126,7 @@ PlaneView Scene::Plane(Shape shape, int32_t rowBytes, int32_t unit) {
   ptrdiff_t offset = 64;
   if (isPinned)
     offset += pinnedOffset_ * unit;
-  else if (!isMeasured)
+  else if (!IsMeasured())
     switch (choices_.Below(4)) {
       case 1:
         offset = 0;
@@ -136,9 +143,9 @@ PlaneView Scene::Plane(Shape shape, int32_t rowBytes, int32_t unit) {
   uint8_t* const windowEnd = std::min(region + regionBytes, lowest + extent + kMargin);
   FillContent(windowStart, static_cast<size_t>(windowEnd - windowStart));
 
-  PlaneView view{lowest, step};
-  if (isUpward) view = {lowest + ptrdiff_t{shape.rows - 1} * step, -step};
-  Outcome::Window window{windowStart, view.stride, rowBytes, view.first, {}};
+  const ptrdiff_t toFirst = stride < 0 ? ptrdiff_t{shape.rows - 1} * -stride : 0;
+  const PlaneView view{lowest + toFirst, stride};
+  Outcome::Window window{windowStart, stride, rowBytes, view.first, {}};
   window.bytes.resize(static_cast<size_t>(windowEnd - windowStart));
   outcome_.windows.push_back(std::move(window));
   return view;

@@ -76,6 +76,8 @@ class Scene {
   PlaneView RoomyBytes(Shape shape);
   PlaneView Over(Shape shape, PlaneView other);
   PlaneView Words(Shape shape) { return Plane(shape, shape.columns * 2, 2); }
+  // A plane of another's geometry.
+  PlaneView Twin(Shape shape, int32_t rowBytes, int32_t unit, PlaneView other);
   // A run of bytes: a plane of one row.
   PlaneView Run(int32_t bytes, int32_t unit = 1) { return Plane({1, bytes}, bytes, unit); }
 
@@ -94,6 +96,7 @@ class Scene {
  private:
   uint32_t Junk() { return choices_.Below(65536) * 65537u; }
   void FillContent(uint8_t* start, size_t bytes);
+  PlaneView Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stride);
   template <class T>
   void Note(T argument);
 

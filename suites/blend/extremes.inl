@@ -39,7 +39,7 @@ void ChangedBlocks(const uint8_t* source, uint8_t* destination, int32_t rows, in
     // A step reads all its samples before it writes one; a source less than a step
     // behind would have been changed by then.
     const auto ahead = reinterpret_cast<uintptr_t>(to.row) - reinterpret_cast<uintptr_t>(from.row);
-    if (Form::kBlock == 1 || (ahead > 0 && ahead < uintptr_t{kStep}))
+    if (Form::kBytes == 1 || (ahead > 0 && ahead < uintptr_t{kStep}))
       return ApplyInOrder(count, rule, to, from);
     intptr_t x = 0;
     if (count > kStep) {

@@ -38,8 +38,7 @@ VX_INLINE void CopyShort(intptr_t count, Selects selects, Target to, Source sour
   if (count < 8) return CopySingly(count, selects, to, source, mask);
   // The first and the last 8 samples.
   const uint32_t selected = SetBytes(selects(mask.Ends<Bytes16, 8>(count)));
-  if (selected == 0xFFFF)
-    return to.WriteEnds<8>(count, source.template Ends<Bytes16, 8>(count));
+  if (selected == 0xFFFF) return to.WriteEnds<8>(count, source.template Ends<Bytes16, 8>(count));
   for (uint32_t rest = selected; rest != 0; rest &= rest - 1) {
     const intptr_t lane = __builtin_ctz(rest);
     const intptr_t x = lane < 8 ? lane : count - 16 + lane;
@@ -53,7 +52,7 @@ VX_INLINE void CopyWhere(int32_t rows, int32_t columns, Selects selects, Target 
   constexpr intptr_t kBlock = 16;
   const intptr_t count = columns;
   const auto row = [=](Target to, Source s, Plane m) VX_INLINED {
-    if (Form::kBlock == 1) return CopySingly(count, selects, to, s, m);
+    if (Form::kBytes == 1) return CopySingly(count, selects, to, s, m);
     if (count < kBlock) return CopyShort(count, selects, to, s, m);
     const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kBlock - 1);
     CopyShort(head, selects, to, s, m);

@@ -1,11 +1,14 @@
 #include "suites/convert/install.h"
 
-#include <array>
+#include "suites/convert/conversions.h"
 
 namespace vantrix {
 namespace {
 
-constexpr std::array<Kernel, 0> kKernels;
+constexpr Kernel kKernels[] = {
+    {.slot = 18, .scalar = Entry<Expand8To16<OneSample>>, .sse2 = Entry<Expand8To16<Sse2>>},
+    {.slot = 19, .scalar = Entry<RescaleWords<OneSample>>, .sse2 = Entry<RescaleWords<Sse2>>},
+};
 
 }  // namespace
 

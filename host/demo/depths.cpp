@@ -1,0 +1,39 @@
+#include "host/demo/demo.h"
+#include "host/demo/sheet.h"
+#include "plugin/suites.h"
+#include "suites/convert/signatures.h"
+
+namespace vantrix::host {
+
+// The photograph to 16 bits, to the full range and back: every sample comes home.
+void DemonstrateDepths(Session& session) {
+  using Words = std::vector<uint16_t>;
+  const Picture& photo = session.Photo();
+  const int32_t width = photo.width, height = photo.height;
+  Picture middle(width, height), home(width, height);
+  for (size_t c = 0; c < 3; ++c) {
+    Words words(photo.planes[c].size());
+    session.Run<Words>(kConvert, 18, &words, [&](Routine routine, Words& target) {
+      Call<Expand8To16Routine>(routine)(photo.planes[c].data(), target.data(), height, width, width,
+                                        2 * width);
+    });
+    const auto rescale = [&](uint32_t from, uint32_t to) {
+      session.Run<Words>(kConvert, 19, &words, [&](Routine routine, Words& target) {
+        Call<RescaleWordsRoutine>(routine)(target.data(), from, to, height, width, 2 * width);
+      });
+    };
+    rescale(0x8000, 0xFFFF);
+    for (size_t i = 0; i < words.size(); ++i)
+      middle.planes[c][i] = static_cast<uint8_t>(words[i] >> 8);
+    rescale(0xFFFF, 0x8000);
+    for (size_t i = 0; i < words.size(); ++i)
+      home.planes[c][i] = static_cast<uint8_t>((words[i] * 255 + 16384) / 32768);
+  }
+  Sheet sheet(3, 400);
+  sheet.Add(photo, "8 bits");
+  sheet.Add(middle, "0..65535, high bytes");
+  sheet.Add(home, home == photo ? "8 bits again: the same" : "8 bits again: NOT THE SAME");
+  session.Save("depths.png", sheet.Draw());
+}
+
+}  // namespace vantrix::host

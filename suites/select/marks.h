@@ -1,0 +1,15 @@
+// Spreading of marks, suite sele slot 26.
+#pragma once
+
+#include "common/forms.h"
+#include "suites/select/signatures.h"
+
+namespace vantrix {
+
+// Bit 7 of an entry is its mark. Sets the mark of every entry whose neighbour in the row
+// above or below had one; nothing wraps at the first and last row, and no other bit
+// changes. In place.
+template <class Form>
+void SelectSpreadMark8(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes);
+
+}  // namespace vantrix
