@@ -63,6 +63,8 @@ VX_LANE uint64_t LoadWord(const uint8_t* from) {
   return word;
 }
 
+VX_LANE void StoreWord(uint8_t* to, uint64_t word) { __builtin_memcpy(to, &word, sizeof word); }
+
 // One value in every lane.
 template <class V>
 VX_LANE V Fill(LaneOf<V> value) {
@@ -88,9 +90,10 @@ VX_LANE T* Below(T* row, intptr_t bytes) {
 // between stand in it twice and are stored twice with one value.
 template <class V, int kHalf, class T>
 VX_LANE V LoadEnds(const T* from, intptr_t count) {
-  static_assert(kHalf == 8 || kHalf == 4 || kHalf == 2);
-  using Half =
-      std::conditional_t<kHalf == 8, uint64_t, std::conditional_t<kHalf == 4, uint32_t, uint16_t>>;
+  static_assert(kHalf == 8 || kHalf == 4 || kHalf == 2 || kHalf == 1);
+  using Small = std::conditional_t<kHalf == 2, uint16_t, uint8_t>;
+  using Middle = std::conditional_t<kHalf == 4, uint32_t, Small>;
+  using Half = std::conditional_t<kHalf == 8, uint64_t, Middle>;
   Lanes<Half, sizeof(V) / kHalf> ends{};
   Half first, last;
   __builtin_memcpy(&first, from, kHalf);
@@ -116,11 +119,18 @@ VX_LANE auto IsLight(V v) {
 //
 //   WidenLow, WidenHigh  bytes to 16-bit lanes, zero-extended: together all of v,
 //                        in the order that Narrow takes them
-//   Narrow               16-bit lanes back to bytes; values 0..255
+//   Narrow               16-bit lanes back to bytes, 32-bit ones to 16; values 0..255
 //   HighProduct          the high half of each 32-bit product
 //   WeighLow, WeighHigh  d (255 - w) + r w in 16-bit lanes, halves as for Widen
 //   InterleaveLow, InterleaveHigh
 //                        lanes of a and of b in turn, from the low or the high halves
+//   Excess               max(a - b, 0)
+//   SumOfDifferences     of |a - b|, over the eight bytes of each 64-bit lane
+//   ProductSums          a[2 i] b[2 i] + a[2 i + 1] b[2 i + 1] of signed 16-bit lanes
+//   MixedProductSums     the same of unsigned bytes a and signed bytes b, if they fit (SSSE3)
+//   ToFloats, Truncated  32-bit integers to single precision and back
+//   Root                 the square root
+//   Spread               one lane of four in all four
 //   HalfUp               v / 2, halves rounded up
 //   TruncatedQuotient    n / d by single-precision division; quotients to 32767
 //   SetBytes             a bit for each byte in whose lane a comparison holds
@@ -128,6 +138,9 @@ VX_LANE auto IsLight(V v) {
 
 using Bytes16 = Lanes<uint8_t, 16>;
 using Words8 = Lanes<uint16_t, 8>;
+using Ints4 = Lanes<int32_t, 4>;
+using Quads2 = Lanes<uint64_t, 2>;
+using Floats4 = Lanes<float, 4>;
 
 VX_LANE Words8 WidenLow(Bytes16 v) {
   return As<Words8>(_mm_unpacklo_epi8(As<__m128i>(v), __m128i{}));
@@ -153,6 +166,31 @@ VX_LANE Words8 InterleaveHigh(Words8 a, Words8 b) {
 VX_LANE Words8 HighProduct(Words8 a, Words8 b) {
   return As<Words8>(_mm_mulhi_epu16(As<__m128i>(a), As<__m128i>(b)));
 }
+VX_LANE Bytes16 Excess(Bytes16 a, Bytes16 b) {
+  return As<Bytes16>(_mm_subs_epu8(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Quads2 SumOfDifferences(Bytes16 a, Bytes16 b) {
+  return As<Quads2>(_mm_sad_epu8(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Lanes<uint8_t, 1> Excess(Lanes<uint8_t, 1> a, Lanes<uint8_t, 1> b) {
+  return a > b ? a - b : Lanes<uint8_t, 1>{};
+}
+VX_LANE uint32_t SumOfDifferences(Lanes<uint8_t, 1> a, Lanes<uint8_t, 1> b) {
+  return a[0] > b[0] ? uint32_t{a[0]} - b[0] : uint32_t{b[0]} - a[0];
+}
+VX_LANE Ints4 ProductSums(Words8 a, Words8 b) {
+  return As<Ints4>(_mm_madd_epi16(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Floats4 ToFloats(Ints4 v) { return _mm_cvtepi32_ps(As<__m128i>(v)); }
+VX_LANE Ints4 Truncated(Floats4 v) { return As<Ints4>(_mm_cvttps_epi32(v)); }
+VX_LANE Floats4 Root(Floats4 v) { return _mm_sqrt_ps(v); }
+VX_LANE Words8 Narrow(Ints4 low, Ints4 high) {
+  return As<Words8>(_mm_packs_epi32(As<__m128i>(low), As<__m128i>(high)));
+}
+template <int kLane>
+VX_LANE Floats4 Spread(Floats4 v) {
+  return _mm_shuffle_ps(v, v, _MM_SHUFFLE(kLane, kLane, kLane, kLane));
+}
 VX_LANE Words8 HalfUp(Words8 v) { return As<Words8>(_mm_avg_epu16(As<__m128i>(v), __m128i{})); }
 template <class V>
   requires(kLaneCount<V> == 1)
@@ -160,15 +198,11 @@ VX_LANE V HalfUp(V v) {
   return (v >> 1) + (v & 1);
 }
 VX_LANE Words8 TruncatedQuotient(Words8 n, Words8 d) {
-  const auto lowFloats = [](Words8 v) VX_INLINED {
-    return _mm_cvtepi32_ps(_mm_unpacklo_epi16(As<__m128i>(v), __m128i{}));
-  };
-  const auto highFloats = [](Words8 v) VX_INLINED {
-    return _mm_cvtepi32_ps(_mm_unpackhi_epi16(As<__m128i>(v), __m128i{}));
-  };
-  const __m128i low = _mm_cvttps_epi32(_mm_div_ps(lowFloats(n), lowFloats(d)));
-  const __m128i high = _mm_cvttps_epi32(_mm_div_ps(highFloats(n), highFloats(d)));
-  return As<Words8>(_mm_packs_epi32(low, high));
+  const Words8 none{};
+  const auto low = [=](Words8 v) VX_INLINED { return ToFloats(As<Ints4>(InterleaveLow(v, none))); };
+  const auto high = [=](Words8 v)
+                        VX_INLINED { return ToFloats(As<Ints4>(InterleaveHigh(v, none))); };
+  return Narrow(Truncated(low(n) / low(d)), Truncated(high(n) / high(d)));
 }
 template <class Condition>
   requires(sizeof(Condition) == 16)
@@ -182,6 +216,10 @@ VX_LANE bool AllSet(Condition condition) {
 }
 
 #if defined(__SSSE3__)
+VX_LANE Words8 MixedProductSums(Bytes16 a, Bytes16 b) {
+  return As<Words8>(_mm_maddubs_epi16(As<__m128i>(a), As<__m128i>(b)));
+}
+
 // One instruction multiplies an unsigned by a signed byte and adds two neighbours.
 // Samples less 128 are signed; their weights come to 255, so the sum lacks 255 x 128.
 VX_LANE Words8 WeighLow(Bytes16 d, Bytes16 r, Bytes16 w) {

@@ -26,7 +26,7 @@ const std::array<SuiteEntry, kSuiteCount>& Catalog() {
       {kConvert, "conv", kConvertSlots, ConvertReferences()},
       {kCore, "core", kCoreSlots, {}},
       {kDisplay, "disp", {}, {}},
-      {kFilter, "filt", kFilterSlots, {}},
+      {kFilter, "filt", kFilterSlots, FilterReferences()},
       {kMemory, "memo", kMemorySlots, MemoryReferences()},
       {kPaint, "pntg", kPaintSlots, {}},
       {kResample, "rsmp", kResampleSlots, {}},

@@ -13,6 +13,7 @@ constexpr Operation kOperations[] = {
     {"every blend on one sheet", DemonstrateBlends},
     {"masks classified, marks spread, colours propagated", DemonstrateSelection},
     {"8 to 16 bits and back", DemonstrateDepths},
+    {"smoothing, deviation and block differences", DemonstrateFilters},
 };
 
 bool Fail(const std::string& reason) {

@@ -18,6 +18,7 @@ struct Operation {
 void DemonstrateMemory(Session& session);
 void DemonstrateVignette(Session& session);
 void DemonstrateBlends(Session& session);
+void DemonstrateFilters(Session& session);
 void DemonstrateSelection(Session& session);
 void DemonstrateDepths(Session& session);
 

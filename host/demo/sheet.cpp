@@ -68,6 +68,16 @@ void Sheet::Add(const Picture& picture, std::string label) {
   tiles_.push_back({Reduced(picture, tileWidth_), std::move(label)});
 }
 
+void Sheet::AddDetail(const Picture& picture, std::string label) {
+  const int width = std::max(1, picture.width / 4), height = std::max(1, picture.height / 4);
+  Picture detail(width, height);
+  for (int c = 0; c < 3; ++c)
+    for (int y = 0; y < height; ++y)
+      std::copy_n(picture.Row(c, picture.height * 38 / 100 + y) + picture.width * 58 / 100, width,
+                  detail.Row(c, y));
+  Add(detail, std::move(label));
+}
+
 Picture Sheet::Draw() const {
   int pictureHeight = 0, textHeight = 0;
   for (const Tile& tile : tiles_) {

@@ -16,6 +16,10 @@ class Sheet {
   // several lines.
   void Add(const Picture& picture, std::string label);
 
+  // Only a part of the picture, right of and below its middle, to show what a whole
+  // picture's reduction would hide.
+  void AddDetail(const Picture& picture, std::string label);
+
   Picture Draw() const;
 
  private:

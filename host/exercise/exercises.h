@@ -12,6 +12,10 @@ Exercise ExercisePlaneBlend, ExerciseOpacityBlend, ExerciseMaskedBlend, Exercise
 Exercise ExerciseOverlappingPlaneBlend, ExerciseOverlappingOpacityBlend,
     ExerciseOverlappingMaskedBlend, ExerciseOverlappingColorMaskedBlend;
 
+Exercise ExerciseDeviation, ExerciseConvolve, ExerciseBlockSAD, ExerciseBlockSignedSAD;
+template <int kSpan>
+Exercise ExerciseFloatBlock;
+
 Exercise ExerciseRescaleWords, ExerciseExpand8To16;
 
 Exercise ExerciseSpreadMark, ExerciseClassify8, ExerciseClassify16, ExercisePropagate8,

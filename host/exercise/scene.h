@@ -91,6 +91,7 @@ class Scene {
 
   // Any result to be compared besides the planes.
   void SetResult(uint64_t result) { outcome_.result = result; }
+  uint64_t Result() const { return outcome_.result; }
   Outcome TakeOutcome();
 
  private:

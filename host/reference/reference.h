@@ -26,6 +26,7 @@ Reference Refer(uint16_t slot, Signature* routine, Exercise* exercise) {
 
 std::span<const Reference> BlendReferences();
 std::span<const Reference> ConvertReferences();
+std::span<const Reference> FilterReferences();
 std::span<const Reference> MemoryReferences();
 std::span<const Reference> SelectReferences();
 

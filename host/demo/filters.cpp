@@ -1,0 +1,153 @@
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+#include "host/demo/demo.h"
+#include "host/demo/sheet.h"
+#include "plugin/suites.h"
+#include "suites/filter/signatures.h"
+
+namespace vantrix::host {
+namespace {
+
+// A plane with its outermost samples repeated for `border` rows and columns about it.
+struct Bordered {
+  int width, height, border;
+  std::vector<uint8_t> samples;
+
+  Bordered(const std::vector<uint8_t>& plane, int w, int h, int b)
+      : width(w), height(h), border(b) {
+    for (int y = -b; y < h + b; ++y)
+      for (int x = -b; x < w + b; ++x)
+        samples.push_back(
+            plane[static_cast<size_t>(std::clamp(y, 0, h - 1)) * static_cast<size_t>(w) +
+                  static_cast<size_t>(std::clamp(x, 0, w - 1))]);
+  }
+  int32_t Stride() const { return width + 2 * border; }
+  const uint8_t* First() const { return samples.data() + border * (Stride() + 1); }
+};
+
+std::vector<uint8_t> Transposed(const std::vector<uint8_t>& plane, int width, int height) {
+  std::vector<uint8_t> turned(plane.size());
+  for (int y = 0; y < height; ++y)
+    for (int x = 0; x < width; ++x)
+      turned[static_cast<size_t>(x) * static_cast<size_t>(height) + static_cast<size_t>(y)] =
+          plane[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
+  return turned;
+}
+
+// The host's record of a bell of weights that come to 256.
+std::vector<uint8_t> BellKernel(int radius) {
+  std::vector<double> bell;
+  double sum = 0;
+  for (int k = -radius; k <= radius; ++k) {
+    bell.push_back(std::exp(-4.0 * k * k / ((radius + 1.0) * (radius + 1.0))));
+    sum += bell.back();
+  }
+  std::vector<uint32_t> weights;
+  uint32_t left = 256;
+  for (const double b : bell) {
+    weights.push_back(static_cast<uint32_t>(std::lround(256 * b / sum)));
+    left -= weights.back();
+  }
+  weights[static_cast<size_t>(radius)] += left;
+  std::vector<uint8_t> kernel(84 + 4 * weights.size());
+  std::memcpy(&kernel[80], &radius, 4);
+  std::memcpy(kernel.data() + 84, weights.data(), 4 * weights.size());
+  return kernel;
+}
+
+// Columns by the filter, rows by turning the plane about it.
+Picture Smoothed(Session& session, int radius) {
+  const Picture& photo = session.Photo();
+  const auto kernel = BellKernel(radius);
+  Picture smooth = photo;
+  for (auto& plane : smooth.planes) {
+    int width = photo.width, height = photo.height;
+    for (int turn = 0; turn < 2; ++turn) {
+      const Bordered source(plane, width, height, radius);
+      session.Run<std::vector<uint8_t>>(
+          kFilter, 28, &plane, [&](Routine routine, std::vector<uint8_t>& target) {
+            Call<ConvolveRoutine>(routine)(
+                source.First(), target.data(), static_cast<uint32_t>(height), width,
+                source.Stride(), width, reinterpret_cast<const ConvolutionKernel*>(kernel.data()));
+          });
+      plane = Transposed(plane, width, height);
+      std::swap(width, height);
+    }
+  }
+  return smooth;
+}
+
+Picture DeviationMap(Session& session) {
+  const Picture& photo = session.Photo();
+  Picture map = photo;
+  for (auto& plane : map.planes) {
+    const Bordered source(plane, photo.width, photo.height, 1);
+    session.Run<std::vector<uint8_t>>(
+        kFilter, 12, &plane, [&](Routine routine, std::vector<uint8_t>& target) {
+          Call<DeviationRoutine>(routine)(source.First(), target.data(), photo.height, photo.width,
+                                          source.Stride(), photo.width);
+        });
+  }
+  return map;
+}
+
+// How much each block of 16 x 8 samples differs from the one three columns and two rows on;
+// or by how much it exceeds it.
+Picture DifferenceMap(Session& session, bool isSigned) {
+  const Picture& photo = session.Photo();
+  struct alignas(16) Block {
+    uint8_t samples[128];
+  };
+  const auto blockAt = [&](int x, int y) {
+    Block block;
+    for (int row = 0; row < 8; ++row)
+      std::memcpy(block.samples + 16 * row,
+                  photo.Row(1, std::min(y + row, photo.height - 1)) + std::min(x, photo.width - 16),
+                  16);
+    return block;
+  };
+  std::vector<Block> here, there;
+  for (int y = 0; y + 8 <= photo.height; y += 8)
+    for (int x = 0; x + 16 <= photo.width; x += 16) {
+      here.push_back(blockAt(x, y));
+      there.push_back(blockAt(x + 3, y + 2));
+    }
+  const Block direction{};
+  std::vector<uint16_t> sums(here.size());
+  session.Run<std::vector<uint16_t>>(
+      kFilter, isSigned ? 189 : 188, &sums, [&](Routine routine, std::vector<uint16_t>& target) {
+        for (size_t i = 0; i < here.size(); ++i)
+          target[i] = static_cast<uint16_t>(
+              isSigned ? Call<BlockSignedSADRoutine>(routine)(here[i].samples, there[i].samples,
+                                                              direction.samples)
+                       : Call<BlockSADRoutine>(routine)(here[i].samples, there[i].samples));
+      });
+  Picture map(photo.width / 16 * 16, photo.height / 8 * 8);
+  for (int c = 0; c < 3; ++c)
+    for (int y = 0; y < map.height; ++y)
+      for (int x = 0; x < map.width; ++x)
+        map.Row(c, y)[x] = static_cast<uint8_t>(
+            std::min(255, sums[static_cast<size_t>(y / 8 * (map.width / 16) + x / 16)] / 16));
+  return map;
+}
+
+}  // namespace
+
+void DemonstrateFilters(Session& session) {
+  Sheet sheet(4, 420);
+  sheet.AddDetail(session.Photo(), "the photograph");
+  for (const int radius : {1, 3, 8}) {
+    char label[32];
+    std::snprintf(label, sizeof label, "smoothed, radius %d", radius);
+    sheet.AddDetail(Smoothed(session, radius), label);
+  }
+  sheet.AddDetail(DeviationMap(session), "local deviation");
+  sheet.AddDetail(DifferenceMap(session, false), "blocks against their neighbours");
+  sheet.AddDetail(DifferenceMap(session, true), "by how much they exceed them");
+  session.Save("filters.png", sheet.Draw());
+}
+
+}  // namespace vantrix::host

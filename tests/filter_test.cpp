@@ -1,0 +1,187 @@
+// The filters where random scenes do not reach: the root over all its inputs, what is
+// handed to the host, and values worked out by hand.
+#include <gtest/gtest.h>
+#include <xmmintrin.h>
+
+#include <cmath>
+#include <cstring>
+#include <numeric>
+#include <vector>
+
+#include "plugin/suites.h"
+#include "suites/filter/convolve.h"
+#include "suites/filter/deviation.h"
+#include "suites/filter/differences.h"
+#include "suites/filter/float_blocks.h"
+#include "suites/filter/root.h"
+#include "tests/fake_host.h"
+
+namespace vantrix {
+namespace {
+
+TEST(DeviationTest, RootIsExactForEveryValueInEveryRoundingMode) {
+  const uint32_t entry = _mm_getcsr();
+  for (uint32_t mode = 0; mode < 4; ++mode) {
+    int32_t wrong = -1;
+    _mm_setcsr((entry & ~0x6000u) | mode << 13);
+    int32_t root = 0;
+    for (int32_t d = 0; d <= 1300500; d += 4) {
+      const Ints4 roots = RootOfTwentyFirst(Ints4{d, d + 1, d + 2, d + 3});
+      for (int32_t i = 0; i < 4; ++i) {
+        while ((root + 1) * (root + 1) <= (d + i) / 21) ++root;
+        if (roots[i] != root && wrong < 0) wrong = d + i;
+      }
+    }
+    _mm_setcsr(entry);
+    EXPECT_EQ(wrong, -1) << "rounding mode " << mode;
+  }
+}
+
+int64_t polls;
+int64_t Poll() { return 1000 + ++polls; }
+
+TEST(DeviationTest, HasTheKnownValuesAndReturnsThePoll) {
+  Routine live[17] = {AsRoutine(Poll)};
+  coreSuite.live = live;
+  for (DeviationRoutine* deviate :
+       {FilterLocalDeviation8<OneSample>, FilterLocalDeviation8<Sse2>}) {
+    for (const auto& [highs, expected] : {std::pair{0, 0}, {1, 157}, {4, 248}, {5, 248}, {9, 0}}) {
+      // The same neighbourhood at every third column.
+      std::vector<uint8_t> source(3 * 32), destination(30);
+      for (int i = 0; i < highs; ++i)
+        for (int x = i / 3; x < 32; x += 3) source[static_cast<size_t>(i % 3 * 32 + x)] = 255;
+      polls = 0;
+      EXPECT_EQ(deviate(&source[33], destination.data(), 1, 30, 32, 30), 1001);
+      for (int x = 0; x < 30; ++x) EXPECT_EQ(destination[static_cast<size_t>(x)], expected) << x;
+    }
+    polls = 0;
+    EXPECT_EQ(deviate(nullptr, nullptr, 0, 30, 32, 30), 1001);
+    EXPECT_EQ(deviate(nullptr, nullptr, INT32_MIN, 30, 32, 30), 1002);
+    EXPECT_EQ(polls, 2);
+  }
+}
+
+std::vector<uint8_t> KernelOf(int32_t radius, const std::vector<uint32_t>& weights) {
+  std::vector<uint8_t> kernel(84 + 4 * weights.size());
+  std::memcpy(&kernel[80], &radius, 4);
+  std::memcpy(kernel.data() + 84, weights.data(), 4 * weights.size());
+  return kernel;
+}
+
+TEST(ConvolveTest, HasTheKnownValuesInPlanesOfAnyWidth) {
+  std::vector<ConvolveRoutine*> forms = {FilterConvolveVertical8<OneSample>,
+                                         FilterConvolveVertical8<Sse2>};
+  if (__builtin_cpu_supports("ssse3")) forms.push_back(FilterConvolveVertical8<Ssse3>);
+  const struct {
+    std::vector<uint32_t> weights;
+    uint8_t expected;  // of rows 0, 255, 0, or of 255 alone
+  } cases[] = {
+      {{256}, 255},                 // the sample itself
+      {{64, 128, 64}, 128},         // 32640 + 128, and of that the high byte
+      {{64, 0xABCD0080, 64}, 128},  // bits above the low 16 do not count
+      {{1, 258, 1}, 1},             // 65790 + 128 wraps to 382
+      {{0, 65535, 0}, 255},         // -255 + 128
+  };
+  for (ConvolveRoutine* convolve : forms) {
+    for (const auto& c : cases) {
+      const auto radius = static_cast<int32_t>(c.weights.size() / 2);
+      const auto kernel = KernelOf(radius, c.weights);
+      for (const int32_t columns : {1, 15, 16, 4095, 4096, 4097, 4098, 8192, 8193}) {
+        const auto width = static_cast<size_t>(columns);
+        std::vector<uint8_t> source(3 * width), destination(width, 99);
+        std::fill_n(source.begin() + columns, columns, uint8_t{255});
+        convolve(&source[width], destination.data(), 1, columns, columns, columns,
+                 reinterpret_cast<const ConvolutionKernel*>(kernel.data()));
+        EXPECT_EQ(destination, std::vector<uint8_t>(width, c.expected)) << columns;
+      }
+    }
+    convolve(nullptr, nullptr, 0, 16, 16, 16, nullptr);
+    convolve(nullptr, nullptr, 1, 0, 16, 16, nullptr);
+    convolve(nullptr, nullptr, 1, -5, 16, 16, nullptr);
+  }
+}
+
+TEST(DifferencesTest, HaveTheKnownSums) {
+  alignas(16) uint8_t a[128], b[128], direction[128];
+  const auto fill = [](uint8_t(&block)[128], int value) { std::memset(block, value, 128); };
+  fill(a, 0), fill(b, 255);
+  for (BlockSADRoutine* sum : {FilterBlockSAD128<OneSample>, FilterBlockSAD128<Sse2>}) {
+    EXPECT_EQ(sum(a, b), 32640u);
+    EXPECT_EQ(sum(a, a), 0u);
+  }
+  fill(a, 10), fill(b, 4);
+  for (BlockSignedSADRoutine* sum :
+       {FilterBlockSignedSAD128<OneSample>, FilterBlockSignedSAD128<Sse2>}) {
+    fill(direction, 0);
+    EXPECT_EQ(sum(a, b, direction), 768u);
+    EXPECT_EQ(sum(b, a, direction), 0u);
+    fill(direction, 255);
+    EXPECT_EQ(sum(a, b, direction), 0u);
+    EXPECT_EQ(sum(b, a, direction), 768u);
+    fill(direction, 4);  // of the 6 above, bit 2 is held back
+    EXPECT_EQ(sum(a, b, direction), 256u);
+  }
+}
+
+// The order of additions is in the last bits: 1e8 swallows a 1 that comes after it.
+TEST(FloatBlockTest, AddsTermsFromTheFirstOn) {
+  std::vector<float> input(8), output(4), matrix(32, 1.0f);
+  input = {1, 1e8f, 1, -1e8f, 3, 0, 0, 0};
+  matrix[8] = 0;  // phase 1 lacks the first term
+  for (FloatBlockRoutine* filter : {FilterFloatBlock8<OneSample>, FilterFloatBlock8<Sse2>}) {
+    filter(input.data(), 8, matrix.data(), 0, 0, output.data());
+    EXPECT_EQ(output[0], 3);
+    EXPECT_EQ(output[1], 3);
+    const std::vector<float> late = {1e8f, -1e8f, 1, 1e8f, 1, -1e8f, 1, -0.0f};
+    filter(late.data(), 8, matrix.data(), 0, 0, output.data());
+    EXPECT_EQ(output[0], 1);
+    // A first term of -0 stays: the sum does not start from +0.
+    const std::vector<float> zeros(8, -0.0f);
+    filter(zeros.data(), 8, matrix.data(), 0, 0, output.data());
+    EXPECT_TRUE(std::signbit(output[0]));
+  }
+}
+
+struct FloatCall {
+  const float *input, *matrix;
+  uint32_t count;
+  uintptr_t fourth, fifth;
+  float* output;
+  friend bool operator==(const FloatCall&, const FloatCall&) = default;
+};
+std::vector<FloatCall> handed;
+void TakeRest(const float* input, uint32_t count, const float* matrix, uintptr_t fourth,
+              uintptr_t fifth, float* output) {
+  handed.push_back({input, matrix, count, fourth, fifth, output});
+}
+
+TEST(FloatBlockTest, HandsTheRestToTheHost) {
+  filterSuite.saved[193] = AsRoutine(TakeRest);
+  filterSuite.saved[194] = AsRoutine(TakeRest);
+  std::vector<float> input(200), matrix(80), output(200);
+  const struct {
+    uint32_t span;
+    FloatBlockRoutine* forms[2];
+  } filters[] = {{16, {FilterFloatBlock16<OneSample>, FilterFloatBlock16<Sse2>}},
+                 {20, {FilterFloatBlock20<OneSample>, FilterFloatBlock20<Sse2>}}};
+  for (const auto& filter : filters) {
+    for (FloatBlockRoutine* form : filter.forms) {
+      for (uint32_t count = 0; count <= 5 * filter.span; ++count) {
+        handed.clear();
+        form(input.data(), count, matrix.data(), ~uintptr_t{0}, 7, output.data());
+        const uint32_t whole = count / filter.span * filter.span;
+        if (whole == 0) {
+          EXPECT_TRUE(handed.empty()) << count;
+          continue;
+        }
+        const uint32_t done = whole - filter.span + 4;
+        EXPECT_EQ(handed, (std::vector<FloatCall>{{input.data() + done, matrix.data(), count - done,
+                                                   ~uintptr_t{0}, 7, output.data() + done}}))
+            << count;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vantrix
