@@ -41,15 +41,15 @@ int64_t polls;
 int64_t Poll() { return 1000 + ++polls; }
 
 TEST(DeviationTest, HasTheKnownValuesAndReturnsThePoll) {
-  Routine live[17] = {AsRoutine(Poll)};
+  static Routine live[17] = {AsRoutine(Poll)};
   coreSuite.live = live;
   for (DeviationRoutine* deviate :
        {FilterLocalDeviation8<OneSample>, FilterLocalDeviation8<Sse2>}) {
     for (const auto& [highs, expected] : {std::pair{0, 0}, {1, 157}, {4, 248}, {5, 248}, {9, 0}}) {
       // The same neighbourhood at every third column.
       std::vector<uint8_t> source(3 * 32), destination(30);
-      for (int i = 0; i < highs; ++i)
-        for (int x = i / 3; x < 32; x += 3) source[static_cast<size_t>(i % 3 * 32 + x)] = 255;
+      for (size_t i = 0; i < static_cast<size_t>(highs); ++i)
+        for (size_t x = i / 3; x < 32; x += 3) source[i % 3 * 32 + x] = 255;
       polls = 0;
       EXPECT_EQ(deviate(&source[33], destination.data(), 1, 30, 32, 30), 1001);
       for (int x = 0; x < 30; ++x) EXPECT_EQ(destination[static_cast<size_t>(x)], expected) << x;

@@ -126,11 +126,12 @@ Picture DifferenceMap(Session& session, bool isSigned) {
                        : Call<BlockSADRoutine>(routine)(here[i].samples, there[i].samples));
       });
   Picture map(photo.width / 16 * 16, photo.height / 8 * 8);
-  for (int c = 0; c < 3; ++c)
-    for (int y = 0; y < map.height; ++y)
-      for (int x = 0; x < map.width; ++x)
-        map.Row(c, y)[x] = static_cast<uint8_t>(
-            std::min(255, sums[static_cast<size_t>(y / 8 * (map.width / 16) + x / 16)] / 16));
+  for (int y = 0; y < map.height; ++y)
+    for (int x = 0; x < map.width; ++x) {
+      const int block = y / 8 * (map.width / 16) + x / 16;
+      const int sum = sums[static_cast<size_t>(block)];
+      for (int c = 0; c < 3; ++c) map.Row(c, y)[x] = static_cast<uint8_t>(std::min(255, sum / 16));
+    }
   return map;
 }
 

@@ -95,7 +95,8 @@ VX_INLINE void DeviateSingly(const uint8_t* source, uint8_t* destination, int32_
       const ColumnSums right(source + x + 1, sourceStride);
       const int32_t sum = left.sum + middle.sum + right.sum;
       const int32_t d = 9 * (left.squares + middle.squares + right.squares) - sum * sum;
-      destination[x] = static_cast<uint8_t>(__builtin_sqrtf(static_cast<float>(d / 21)));
+      const int32_t quotient = d / 21;
+      destination[x] = static_cast<uint8_t>(__builtin_sqrtf(static_cast<float>(quotient)));
       left = middle;
       middle = right;
     }
