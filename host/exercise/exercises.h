@@ -10,4 +10,6 @@ Exercise ExerciseMaskedBlend, ExerciseColorMaskedBlend;
 Exercise ExerciseCopyBytes, ExerciseCopyRect, ExerciseFillBytes, ExerciseFillRect,
     ExerciseFillWords, ExerciseFillWordRect, ExerciseBytesAllEqual, ExerciseRectAllEqual;
 
+Exercise ExerciseFillArray;
+
 }  // namespace vantrix::host

@@ -26,5 +26,6 @@ Reference Refer(uint16_t slot, Signature* routine, Exercise* exercise) {
 
 std::span<const Reference> BlendReferences();
 std::span<const Reference> MemoryReferences();
+std::span<const Reference> PathReferences();
 
 }  // namespace vantrix::host
