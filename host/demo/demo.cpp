@@ -10,6 +10,7 @@ namespace {
 constexpr Operation kOperations[] = {
     {"copies and fills", DemonstrateMemory},
     {"soft-edged vignettes", DemonstrateVignette},
+    {"drawn outlines", DemonstratePaths},
 };
 
 bool Fail(const std::string& reason) {
