@@ -22,6 +22,7 @@ void Register(const std::string& name, host::Exercise* exercise, Routine routine
 inline constexpr host::Shape kPlanes[] = {{64, 256}, {256, 1024}, {4096, 4096}};
 inline constexpr host::Shape kShortRows[] = {{64, 5}, {64, 15}, {64, 33}, {64, 100}};
 
+void RegisterFillArray();
 void RegisterKernels();
 void RegisterMaskedBlend();
 void RegisterRuns();

@@ -69,6 +69,7 @@ int main(int count, char** arguments) {
   const uint32_t control = _mm_getcsr();
   if (Startup(tables.Block(), &result, kThisSystem) != 1) return 1;
   _mm_setcsr(control);
+  bench::RegisterFillArray();
   bench::RegisterKernels();
   bench::RegisterMaskedBlend();
   bench::RegisterRuns();

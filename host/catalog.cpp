@@ -31,7 +31,7 @@ const std::array<SuiteEntry, kSuiteCount>& Catalog() {
       {kPaint, "pntg", kPaintSlots, {}},
       {kResample, "rsmp", kResampleSlots, {}},
       {kSelect, "sele", kSelectSlots, SelectReferences()},
-      {kPath, "path", kPathSlots, {}},
+      {kPath, "path", kPathSlots, PathReferences()},
   }};
   return suites;
 }

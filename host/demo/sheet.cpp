@@ -10,28 +10,6 @@ namespace {
 
 constexpr int kMargin = 12, kScale = 2, kPaper = 32, kInk = 230;
 
-// Averages blocks of whole samples; a picture that is narrow enough stays as it is.
-Picture Reduced(const Picture& picture, int width) {
-  if (picture.width <= width) return picture;
-  const int height = std::max(1, picture.height * width / picture.width);
-  Picture reduced(width, height);
-  for (int c = 0; c < 3; ++c) {
-    for (int y = 0; y < height; ++y) {
-      const int top = y * picture.height / height;
-      const int bottom = std::max(top + 1, (y + 1) * picture.height / height);
-      for (int x = 0; x < width; ++x) {
-        const int left = x * picture.width / width;
-        const int right = std::max(left + 1, (x + 1) * picture.width / width);
-        int sum = 0;
-        for (int v = top; v < bottom; ++v)
-          for (int u = left; u < right; ++u) sum += picture.Row(c, v)[u];
-        reduced.Row(c, y)[x] = static_cast<uint8_t>(sum / ((bottom - top) * (right - left)));
-      }
-    }
-  }
-  return reduced;
-}
-
 void Paste(const Picture& picture, int left, int top, Picture* onto) {
   for (int c = 0; c < 3; ++c)
     for (int y = 0; y < picture.height; ++y)
@@ -63,6 +41,27 @@ int TextHeight(const std::string& text) {
 }
 
 }  // namespace
+
+Picture Reduced(const Picture& picture, int width) {
+  if (picture.width <= width) return picture;
+  const int height = std::max(1, picture.height * width / picture.width);
+  Picture reduced(width, height);
+  for (int c = 0; c < 3; ++c) {
+    for (int y = 0; y < height; ++y) {
+      const int top = y * picture.height / height;
+      const int bottom = std::max(top + 1, (y + 1) * picture.height / height);
+      for (int x = 0; x < width; ++x) {
+        const int left = x * picture.width / width;
+        const int right = std::max(left + 1, (x + 1) * picture.width / width);
+        int sum = 0;
+        for (int v = top; v < bottom; ++v)
+          for (int u = left; u < right; ++u) sum += picture.Row(c, v)[u];
+        reduced.Row(c, y)[x] = static_cast<uint8_t>(sum / ((bottom - top) * (right - left)));
+      }
+    }
+  }
+  return reduced;
+}
 
 void Sheet::Add(const Picture& picture, std::string label) {
   tiles_.push_back({Reduced(picture, tileWidth_), std::move(label)});

@@ -8,12 +8,14 @@
 
 namespace vantrix::host {
 
+// The picture averaged down to this width; one that is narrow enough stays as it is.
+Picture Reduced(const Picture& picture, int width);
+
 class Sheet {
  public:
   Sheet(int columns, int tileWidth) : columns_(columns), tileWidth_(tileWidth) {}
 
-  // The picture is reduced to the width of a tile, by averaging. A label may have
-  // several lines.
+  // The picture is reduced to the width of a tile. A label may have several lines.
   void Add(const Picture& picture, std::string label);
 
   // Only a part of the picture, right of and below its middle, to show what a whole

@@ -24,4 +24,6 @@ Exercise ExerciseSpreadMark, ExerciseClassify8, ExerciseClassify16, ExerciseProp
 Exercise ExerciseCopyBytes, ExerciseCopyRect, ExerciseFillBytes, ExerciseFillRect,
     ExerciseFillWords, ExerciseFillWordRect, ExerciseBytesAllEqual, ExerciseRectAllEqual;
 
+Exercise ExerciseFillArray;
+
 }  // namespace vantrix::host

@@ -29,5 +29,6 @@ std::span<const Reference> ConvertReferences();
 std::span<const Reference> FilterReferences();
 std::span<const Reference> MemoryReferences();
 std::span<const Reference> SelectReferences();
+std::span<const Reference> PathReferences();
 
 }  // namespace vantrix::host

@@ -1,17 +1,15 @@
 #include "suites/path/install.h"
 
-#include <array>
-
 #include "suites/path/debug.h"
+#include "suites/path/fill_array.h"
 
 namespace vantrix {
-
-uint8_t PathDebugEnabled;
-uint32_t PathDebugGuardValue;
-
 namespace {
 
-constexpr std::array<Kernel, 0> kKernels;
+constexpr int kFillArraySlot = 24;
+constexpr Kernel kKernels[] = {
+    {.slot = kFillArraySlot, .scalar = Entry<ApplyFillArrayOperation>},
+};
 
 struct Answer {
   uint64_t value;
@@ -50,15 +48,13 @@ void AskForPathDebugging() {
 
 }  // namespace
 
-void ReportPath(const char* message, const char* sourceFile, int32_t line, int32_t flag) {
-  Call<HostAssert>(coreSuite.live[kHostAssert])(message, sourceFile, line, flag);
-}
-
 std::span<const Kernel> PathKernels() { return kKernels; }
 
 int32_t InstallPathRoutines(const SuiteParameterBlock*) {
   AskForPathDebugging();
   Install<pathSuite, kPathSlots, kKernels>(processorFeatures);
+  // Which form serves depends on the host alone, not on the processor.
+  if (PathDebugEnabled) pathSuite.live[kFillArraySlot] = Entry<ApplyFillArrayOperationChecked>();
   return 1;
 }
 

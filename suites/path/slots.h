@@ -6,7 +6,8 @@
 namespace vantrix {
 
 inline constexpr Slot kPathSlots[] = {
-    {24, Gate::kAlways, "ApplyFillArrayOperation"},
+    {24, Gate::kAlways, "ApplyFillArrayOperation", "fill array, operation, non-zero winding",
+     "pending crossings into spans, combined with the settled ones"},
     {46, Gate::kAlways, "PathSegmentCrossings"},
     {47, Gate::kAlways, "PathSegmentRoutine47"},
 };

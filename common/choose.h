@@ -1,0 +1,22 @@
+// A choice that no branch predictor should be asked for.
+#pragma once
+
+#include <cstdint>
+
+#include "common/lanes.h"
+
+namespace vantrix {
+
+// `first ? a : b` without a branch, where which it is follows from noise. Clang may be
+// told so; from others the condition is hidden, else they join choices that share it.
+VX_LANE uint32_t Choose(bool first, uint32_t a, uint32_t b) {
+#if defined(__clang__)
+  return __builtin_unpredictable(first) ? a : b;
+#else
+  uint32_t hidden = first;
+  asm("" : "+r"(hidden));
+  return hidden ? a : b;
+#endif
+}
+
+}  // namespace vantrix

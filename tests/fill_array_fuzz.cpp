@@ -1,0 +1,40 @@
+// Coverage-guided fuzzing of the fold of fill arrays: libFuzzer thinks up the choices that
+// make arrays. Those of any contents are held to the model, reports and all; well-formed
+// ones also to the host's own routine.
+#include <cstdio>
+#include <cstdlib>
+
+#include "host/exercise/exercises.h"
+#include "host/reference/reference.h"
+#include "plugin/suites.h"
+#include "suites/memory/copy.h"
+#include "suites/path/fill_array.h"
+#include "tests/path_model.h"
+
+namespace vantrix {
+namespace {
+
+std::string CompareWellFormed(host::Choices choose) {
+  static Routine memory[] = {AsRoutine(CopyBytesSSE2)};
+  static host::Arena arena(8, size_t{1} << 20);
+  memorySuite.live = memory;
+  const host::Reference& reference = host::PathReferences()[0];
+  const bool isChecked = choose.Below(2) != 0;
+  return host::CompareRoutines(
+      reference.exercise, reference.routine,
+      AsRoutine(isChecked ? ApplyFillArrayOperationChecked : ApplyFillArrayOperation),
+      host::Scene(arena, choose));
+}
+
+}  // namespace
+}  // namespace vantrix
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
+  using namespace vantrix;
+  host::Choices choose(std::span(bytes, size));
+  const std::string difference =
+      choose.Below(4) == 0 ? CompareWellFormed(choose) : ComparePathCase(ChoosePathCase(choose));
+  if (difference.empty()) return 0;
+  std::fprintf(stderr, "%s\n", difference.c_str());
+  std::abort();
+}
