@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 
 namespace vantrix {
 

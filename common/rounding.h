@@ -4,13 +4,11 @@
 // table, with more it computes; the two are equal for every input.
 #pragma once
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 #include "common/tables.h"
 
 namespace vantrix {
 
-template <class V>
-inline constexpr bool kIsOneSample = kLaneCount<V> == 1;
 
 // product / 255 rounded to nearest, in 16-bit lanes; product is 0..65025.
 //

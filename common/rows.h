@@ -9,7 +9,7 @@
 #pragma once
 
 #include "common/forms.h"
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 
 namespace vantrix {
 

@@ -29,7 +29,7 @@ const std::array<SuiteEntry, kSuiteCount>& Catalog() {
       {kFilter, "filt", kFilterSlots, FilterReferences()},
       {kMemory, "memo", kMemorySlots, MemoryReferences()},
       {kPaint, "pntg", kPaintSlots, {}},
-      {kResample, "rsmp", kResampleSlots, {}},
+      {kResample, "rsmp", kResampleSlots, ResampleReferences()},
       {kSelect, "sele", kSelectSlots, SelectReferences()},
       {kPath, "path", kPathSlots, PathReferences()},
   }};

@@ -24,6 +24,10 @@ Exercise ExerciseSpreadMark, ExerciseClassify8, ExerciseClassify16, ExerciseProp
 Exercise ExerciseCopyBytes, ExerciseCopyRect, ExerciseFillBytes, ExerciseFillRect,
     ExerciseFillWords, ExerciseFillWordRect, ExerciseBytesAllEqual, ExerciseRectAllEqual;
 
+Exercise ExerciseFilterHorizontal8, ExerciseFilterHorizontal16, ExerciseFilterHorizontal32F,
+    ExerciseFilterVertical8, ExerciseFilterVertical32F;
+Exercise ExerciseBoxAverageRows, ExerciseBoxAverageArea, ExerciseResampleRowsStepped,
+    ExerciseSampleAtPositions1D, ExerciseSampleAtPositions2D;
 Exercise ExerciseFillArray;
 
 }  // namespace vantrix::host

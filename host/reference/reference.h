@@ -28,6 +28,7 @@ std::span<const Reference> BlendReferences();
 std::span<const Reference> ConvertReferences();
 std::span<const Reference> FilterReferences();
 std::span<const Reference> MemoryReferences();
+std::span<const Reference> ResampleReferences();
 std::span<const Reference> SelectReferences();
 std::span<const Reference> PathReferences();
 

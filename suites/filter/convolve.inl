@@ -3,7 +3,7 @@
 
 #include <type_traits>
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 #include "suites/filter/convolve.h"
 
 namespace vantrix {

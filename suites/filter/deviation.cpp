@@ -1,6 +1,6 @@
 #include "suites/filter/deviation.h"
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 #include "plugin/suites.h"
 #include "suites/filter/root.h"
 
@@ -33,14 +33,17 @@ VX_LANE Words8 EightWords(const uint8_t* from) {
 VX_INLINE Sums SumRow(const uint8_t* s) {
   const Words8 pairs = EightWords(s), ones = Fill<Words8>(1);
   const Ints4 before = As<Ints4>(EightWords(s - 1)) & 0xFFFF;
-  const Ints4 after = As<Ints4>(As<Lanes<uint32_t, 4>>(EightWords(s + 1)) >> 16);
-  const auto square = [](Ints4 v) VX_INLINED { return ProductSums(As<Words8>(v), As<Words8>(v)); };
-  const Ints4 sum = ProductSums(pairs, ones), squares = ProductSums(pairs, pairs);
+  const Ints4 after = As<Ints4>(As<Sums4>(EightWords(s + 1)) >> 16);
+  const auto products = [](auto a, auto b) VX_INLINED {
+    return As<Ints4>(ProductSums(As<Words8>(a), As<Words8>(b)));
+  };
+  const auto square = [=](Ints4 v) VX_INLINED { return products(v, v); };
+  const Ints4 sum = products(pairs, ones), squares = products(pairs, pairs);
   return {sum + before, sum + after, squares + square(before), squares + square(after)};
 }
 
 VX_INLINE Ints4 Deviation(Ints4 sum, Ints4 squares) {
-  const Ints4 squareOfSum = ProductSums(As<Words8>(sum), As<Words8>(sum));
+  const auto squareOfSum = As<Ints4>(ProductSums(As<Words8>(sum), As<Words8>(sum)));
   return RootOfTwentyFirst((squares << 3) + squares - squareOfSum);
 }
 

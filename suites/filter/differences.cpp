@@ -1,6 +1,6 @@
 #include "suites/filter/differences.h"
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 
 namespace vantrix {
 namespace {

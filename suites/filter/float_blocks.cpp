@@ -1,6 +1,6 @@
 #include "suites/filter/float_blocks.h"
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 #include "plugin/suites.h"
 
 namespace vantrix {

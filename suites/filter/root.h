@@ -1,7 +1,7 @@
 // The square root of the local deviation filter.
 #pragma once
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 
 namespace vantrix {
 

@@ -1,7 +1,7 @@
 // How a rectangle is taken apart into runs.
 #pragma once
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 
 namespace vantrix {
 

@@ -2,7 +2,7 @@
 // place and answers how many words the list has then; those behind them stay.
 #pragma once
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 #include "suites/path/signatures.h"
 
 namespace vantrix {

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <utility>
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 
 namespace vantrix {
 namespace {

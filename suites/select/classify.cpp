@@ -1,6 +1,6 @@
 #include "suites/select/classify.h"
 
-#include "common/lanes.h"
+#include "common/lane_ops.h"
 #include "plugin/suites.h"
 
 namespace vantrix {

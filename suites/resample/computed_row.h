@@ -1,0 +1,38 @@
+// An output row that is computed from other rows, column by column.
+#pragma once
+
+#include "common/rows.h"
+
+namespace vantrix {
+
+// An operand of the row driver over a rule: rule.Result<V>(read) gives a register of
+// output samples, where read(row) gives those of a source row in the same columns.
+template <class Rule>
+struct Computed {
+  Rule rule;
+
+  template <class V>
+  VX_INLINE V At(intptr_t x) const {
+    return rule.template Result<V>([=](const uint8_t* row) VX_INLINED { return Load<V>(row + x); });
+  }
+  template <class V, int kHalf>
+  VX_INLINE V Ends(intptr_t count) const {
+    return rule.template Result<V>([=](const uint8_t* row)
+                                       VX_INLINED { return LoadEnds<V, kHalf>(row, count); });
+  }
+  VX_INLINE void NextRow() {}
+};
+
+struct AsItIs {
+  template <class V>
+  VX_INLINE V operator()(V sample) const {
+    return sample;
+  }
+};
+
+template <class Form, class Operand>
+VX_INLINE void WriteRow(uint8_t* row, int32_t width, Operand operand) {
+  BlendRows<Form>(1, width, Output{row, 0}, AsItIs{}, operand);
+}
+
+}  // namespace vantrix

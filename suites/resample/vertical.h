@@ -1,0 +1,26 @@
+// Filtering along columns: suite rsmp slots 6 and 27, FilterResampleVertical8 and 32F.
+//
+// Row i of the output is the filter (suites/resample/filter.h) over the taps of item i,
+// which are tapCount rows of the source. The sum of
+//   8-bit samples    starts at 8192, wraps at 32 bits, is shifted right by 14 and clamped
+//                    to 0..255
+//   floats           starts at 0, adds sample x weight in the order of the taps, and is
+//                    multiplied by 2^-14 at the end
+// With no tap, and with one, the row after the named one is copied by the memory suite's
+// live CopyBytes. A negative tap count sums nothing.
+//
+// Of floats, strides are taken in whole samples: stride / 4, truncated. Where several
+// terms of a sum are not numbers, which of them the sum becomes is not defined.
+#pragma once
+
+#include "common/forms.h"
+#include "suites/resample/signatures.h"
+
+namespace vantrix {
+
+template <class Form>
+FilterVertical<uint8_t> FilterResampleVertical8;
+template <class Form>
+FilterVertical<float> FilterResampleVertical32F;
+
+}  // namespace vantrix
