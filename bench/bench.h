@@ -25,6 +25,7 @@ inline constexpr host::Shape kShortRows[] = {{64, 5}, {64, 15}, {64, 33}, {64, 1
 void RegisterFillArray();
 void RegisterKernels();
 void RegisterMaskedBlend();
+void RegisterResample();
 void RegisterRuns();
 
 }  // namespace vantrix::bench

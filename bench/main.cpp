@@ -10,8 +10,8 @@
 namespace vantrix::bench {
 namespace {
 
-// Planes of 16 Mi samples of up to four bytes, with their margins.
-constexpr size_t kRegionBytes = size_t{66} << 20;
+// Planes of 4096 x 4096 values of 8 bytes with their margins; taken up as it is used.
+constexpr size_t kRegionBytes = size_t{130} << 20;
 
 void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine,
              host::Shape shape) {
@@ -72,6 +72,7 @@ int main(int count, char** arguments) {
   bench::RegisterFillArray();
   bench::RegisterKernels();
   bench::RegisterMaskedBlend();
+  bench::RegisterResample();
   bench::RegisterRuns();
   benchmark::Initialize(&count, arguments);
   if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
