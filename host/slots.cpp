@@ -35,14 +35,14 @@ std::vector<Line> LinesOf(const SuiteEntry& suite) {
 
 const char* StateOf(const Slot& slot) { return slot.IsServed() ? "served" : "passed through"; }
 
+// Lines behind a closed gate are counted apart where it is this processor that matters.
 struct Counts {
-  int served = 0, passed = 0;
+  int served = 0, passed = 0, closed = 0;
+
+  void Add(const Line& line, bool isOpen) {
+    ++(!isOpen ? closed : line.slot->IsServed() ? served : passed);
+  }
 };
-Counts CountLines(const SuiteEntry& suite) {
-  Counts counts;
-  for (const Line& line : LinesOf(suite)) ++(line.slot->IsServed() ? counts.served : counts.passed);
-  return counts;
-}
 
 }  // namespace
 
@@ -51,14 +51,14 @@ bool PrintSlots(const Tables& tables) {
   Counts all;
   for (const SuiteEntry& suite : Catalog()) {
     const auto lines = LinesOf(suite);
-    const Counts counts = CountLines(suite);
-    all.served += counts.served;
-    all.passed += counts.passed;
-    std::printf("\n%s version %d: %zu entries, %zu written by the plug-in\n", suite.name,
-                kSuiteFormats[suite.index].version, tables.EntryCount(suite.index), lines.size());
+    const auto written =
+        std::count_if(lines.begin(), lines.end(), [](const Line& line) { return line.isOpen; });
+    std::printf("\n%s version %d: %zu entries, %td written by the plug-in\n", suite.name,
+                kSuiteFormats[suite.index].version, tables.EntryCount(suite.index), written);
     std::vector<bool> isExpected(tables.EntryCount(suite.index));
     for (const Line& line : lines) {
       isExpected[line.index] = line.isOpen;
+      all.Add(line, line.isOpen);
       std::printf("  %3d  %-12s %-14s  %s\n", line.index, line.gates.c_str(),
                   line.isOpen ? StateOf(*line.slot) : "host's own", line.slot->name);
     }
@@ -69,8 +69,11 @@ bool PrintSlots(const Tables& tables) {
       std::printf("  %3zu  UNEXPECTED: %s\n", slot, isChanged ? "written" : "not written");
     }
   }
-  std::printf("\n%d slots served, %d passed through to the host's own routines\n", all.served,
+  std::printf("\n%d slots served, %d passed through to the host's own routines", all.served,
               all.passed);
+  if (all.closed > 0)
+    std::printf(", %d left as they were: this processor does not open their gate", all.closed);
+  std::printf("\n");
   return isAsStated;
 }
 
@@ -85,9 +88,8 @@ void PrintSlotPage() {
   std::printf("\n| suite | version | served | passed through |\n|---|---|---|---|\n");
   Counts all;
   for (const SuiteEntry& suite : Catalog()) {
-    const Counts counts = CountLines(suite);
-    all.served += counts.served;
-    all.passed += counts.passed;
+    Counts counts;
+    for (const Line& line : LinesOf(suite)) counts.Add(line, true), all.Add(line, true);
     std::printf("| %s | %d | %d | %d |\n", suite.name, kSuiteFormats[suite.index].version,
                 counts.served, counts.passed);
   }

@@ -2,7 +2,7 @@
 execute_process(COMMAND ${COMMAND} RESULT_VARIABLE status OUTPUT_VARIABLE output
                 ERROR_VARIABLE output)
 message("${output}")
-if(NOT status EQUAL STATUS)
+if(NOT status STREQUAL STATUS)
   message(FATAL_ERROR "status ${status}, expected ${STATUS}")
 endif()
 if(NOT output MATCHES "${EXPECT}")
