@@ -5,7 +5,7 @@
 
 namespace vantrix::host {
 
-Services services;
+thread_local Services services;
 
 int64_t Poll() { return ++services.polls; }
 

@@ -17,7 +17,8 @@ struct Services {
   int reports = 0;
   uint32_t noiseBytes = 0;
 };
-extern Services services;
+// Each thread's own, as a host's threads count for themselves.
+extern thread_local Services services;
 
 int64_t Poll();
 uint64_t TakeNoiseBuffer(uint8_t* base, uint32_t count, uint32_t size);

@@ -5,15 +5,9 @@
 #include "host/exercise/fault.h"
 
 namespace vantrix::host {
-namespace {
-
-constexpr int kRegions = 8;
-constexpr size_t kRegionBytes = size_t{1} << 20;
-
-}  // namespace
 
 bool Verify(const Tables& tables, int scenes) {
-  Arena arena(kRegions, kRegionBytes);
+  Arena arena;
   int passed = 0, failed = 0;
   for (const SuiteEntry& suite : Catalog()) {
     for (const Reference& reference : suite.references) {

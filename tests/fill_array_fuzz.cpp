@@ -16,7 +16,7 @@ namespace {
 
 std::string CompareWellFormed(host::Choices choose) {
   static Routine memory[] = {AsRoutine(CopyBytesSSE2)};
-  static host::Arena arena(8, size_t{1} << 20);
+  static host::Arena arena;
   memorySuite.live = memory;
   const host::Reference& reference = host::PathReferences()[0];
   const bool isChecked = choose.Below(2) != 0;

@@ -9,9 +9,7 @@ namespace {
 
 class KernelsTest : public ::testing::TestWithParam<Build> {
  protected:
-  KernelsTest() : arena_(8, size_t{1} << 20), reference_(ReferenceOf(GetParam())) {
-    StartedTables();
-  }
+  KernelsTest() : reference_(ReferenceOf(GetParam())) { StartedTables(); }
   void SetUp() override {
     ASSERT_NE(reference_, nullptr) << "a kernel without a reference";
     if (!GetParam().runsHere) GTEST_SKIP() << "not on this processor";

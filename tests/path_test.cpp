@@ -161,7 +161,7 @@ TEST(FillArrayTest, CombinesWithWhatTheRowHeld) {
 TEST(FillArrayTest, EqualsTheReferenceInTheCheckedForm) {
   static Routine memory[] = {AsRoutine(CopyBytesSSE2)};
   memorySuite.live = memory;
-  host::Arena arena(8, size_t{1} << 20);
+  host::Arena arena;
   const host::Reference& reference = host::PathReferences()[0];
   for (uint64_t seed = 0; seed < 1500; ++seed)
     ASSERT_EQ(host::CompareRoutines(reference.exercise, reference.routine,

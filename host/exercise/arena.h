@@ -12,6 +12,8 @@ class Arena {
   // `regions` regions of at least `bytes` bytes, each with an inaccessible page right
   // before its first and right after its last byte.
   Arena(int regions, size_t bytes);
+  // What any scene fits.
+  Arena() : Arena(8, size_t{2} << 20) {}
   ~Arena();
   Arena(const Arena&) = delete;
   Arena& operator=(const Arena&) = delete;
