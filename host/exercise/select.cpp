@@ -57,8 +57,10 @@ void PlantMask(Scene& scene, Shape shape, PlaneView view) {
 template <class T, class Signature>
 void PropagateScene(Routine routine, Scene& scene) {
   constexpr int32_t kSize = sizeof(T);
-  const Shape shape = scene.ChooseShape();
+  Shape shape = scene.ChooseShape();
   Choices& choose = scene.Choose();
+  // Often more rows than a register has lanes, for lines along them are walked so many at once.
+  if (!scene.IsMeasured() && shape.rows > 0 && choose.OneIn(2)) shape.rows = choose.Between(7, 40);
   const PlaneView priority = scene.Plane(shape, shape.columns * kSize, kSize);
   const PlaneView value = scene.Twin(shape, shape.columns * kSize, kSize, priority);
   // Low priorities, which run out, as often as any.
