@@ -144,7 +144,7 @@ TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   memorySuite.live = live;
   static float plane[100], target[40];
   const auto* const bytes = reinterpret_cast<const uint8_t*>(plane);
-  auto* const out = reinterpret_cast<uint8_t*>(target);
+  auto* const out = reinterpret_cast<uint8_t*>(target + 20);
   const int32_t offsets[] = {1, -1, 0};
   const uint8_t phases[3] = {};
   // The row after the named one; of a stride in bytes the whole samples count.
@@ -168,7 +168,7 @@ TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   FilterResampleVertical32F<Sse2>(plane, target, 1, INT_MAX, &offsets[1], phases, 4, 4, 1, nullptr);
   int64_t copied = 0;
   for (const MemoryCall& call : calls) {
-    EXPECT_EQ(call.source, bytes + copied);
+    EXPECT_EQ(reinterpret_cast<intptr_t>(call.source), reinterpret_cast<intptr_t>(bytes) + copied);
     copied += call.bytes;
   }
   EXPECT_EQ(copied, int64_t{4} * INT_MAX) << "more than one count can tell";
