@@ -14,6 +14,7 @@ constexpr Operation kOperations[] = {
     {"masks classified, marks spread, colours propagated", DemonstrateSelection},
     {"8 to 16 bits and back", DemonstrateDepths},
     {"smoothing, deviation and block differences", DemonstrateFilters},
+    {"reduced, enlarged, averaged, stretched and turned", DemonstrateResampling},
     {"drawn outlines", DemonstratePaths},
 };
 

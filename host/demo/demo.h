@@ -17,6 +17,7 @@ struct Operation {
 // By area; each in a file of its own.
 void DemonstrateMemory(Session& session);
 void DemonstratePaths(Session& session);
+void DemonstrateResampling(Session& session);
 void DemonstrateVignette(Session& session);
 void DemonstrateBlends(Session& session);
 void DemonstrateFilters(Session& session);

@@ -4,38 +4,13 @@
 #include <cstring>
 
 #include "host/demo/demo.h"
+#include "host/demo/planes.h"
 #include "host/demo/sheet.h"
 #include "plugin/suites.h"
 #include "suites/filter/signatures.h"
 
 namespace vantrix::host {
 namespace {
-
-// A plane with its outermost samples repeated for `border` rows and columns about it.
-struct Bordered {
-  int width, height, border;
-  std::vector<uint8_t> samples;
-
-  Bordered(const std::vector<uint8_t>& plane, int w, int h, int b)
-      : width(w), height(h), border(b) {
-    for (int y = -b; y < h + b; ++y)
-      for (int x = -b; x < w + b; ++x)
-        samples.push_back(
-            plane[static_cast<size_t>(std::clamp(y, 0, h - 1)) * static_cast<size_t>(w) +
-                  static_cast<size_t>(std::clamp(x, 0, w - 1))]);
-  }
-  int32_t Stride() const { return width + 2 * border; }
-  const uint8_t* First() const { return samples.data() + border * (Stride() + 1); }
-};
-
-std::vector<uint8_t> Transposed(const std::vector<uint8_t>& plane, int width, int height) {
-  std::vector<uint8_t> turned(plane.size());
-  for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width; ++x)
-      turned[static_cast<size_t>(x) * static_cast<size_t>(height) + static_cast<size_t>(y)] =
-          plane[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
-  return turned;
-}
 
 // The host's record of a bell of weights that come to 256.
 std::vector<uint8_t> BellKernel(int radius) {
@@ -70,8 +45,8 @@ Picture Smoothed(Session& session, int radius) {
       session.Run<std::vector<uint8_t>>(
           kFilter, 28, &plane, [&](Routine routine, std::vector<uint8_t>& target) {
             Call<ConvolveRoutine>(routine)(
-                source.First(), target.data(), static_cast<uint32_t>(height), width,
-                source.Stride(), width, reinterpret_cast<const ConvolutionKernel*>(kernel.data()));
+                source.Row(0), target.data(), static_cast<uint32_t>(height), width, source.Stride(),
+                width, reinterpret_cast<const ConvolutionKernel*>(kernel.data()));
           });
       plane = Transposed(plane, width, height);
       std::swap(width, height);
@@ -87,7 +62,7 @@ Picture DeviationMap(Session& session) {
     const Bordered source(plane, photo.width, photo.height, 1);
     session.Run<std::vector<uint8_t>>(
         kFilter, 12, &plane, [&](Routine routine, std::vector<uint8_t>& target) {
-          Call<DeviationRoutine>(routine)(source.First(), target.data(), photo.height, photo.width,
+          Call<DeviationRoutine>(routine)(source.Row(0), target.data(), photo.height, photo.width,
                                           source.Stride(), photo.width);
         });
   }

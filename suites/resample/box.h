@@ -2,8 +2,8 @@
 //
 // The average of n samples is ((sum + n / 2) x r) / 16777216 with r = 16777216 / n, all
 // divisions truncating: r is short of the reciprocal, so the result may be 1 below the
-// rounded mean (of 1, 1, 0 it is 0), and that is what hosts rely on. One sample averages to itself,
-// 255 throughout to 255.
+// rounded mean (of 1, 1, 0 it is 0), and that is what hosts rely on. One sample averages
+// to itself, 255 throughout to 255.
 #pragma once
 
 #include "common/forms.h"

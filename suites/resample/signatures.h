@@ -2,8 +2,8 @@
 //
 // Counts, widths and strides are signed 32-bit but where they say otherwise; a count or
 // width below 1 touches no memory. A stride is in bytes from a row to the next and may
-// be negative. Source and destination share no memory, but for nothing being read after
-// it was written. Of a tap count or a mode the low 16 bits count, whatever stands above.
+// be negative. Source and destination share no memory. Of a tap count or a mode the low
+// 16 bits count, whatever stands above.
 #pragma once
 
 #include <cstdint>

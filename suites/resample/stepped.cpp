@@ -51,14 +51,14 @@ void StretchRow(const uint8_t* source, uint8_t* destination, int32_t width, int3
   const bool isMirrored = length < 0;
   const Steps steps{width, static_cast<int64_t>(isMirrored ? -size : size)};
   const int32_t begin = steps.ColumnAt(-2), end = steps.ColumnAt(int64_t{width} + 3);
-  const auto fill = [=](int32_t first, int32_t last, int32_t index) {
+  const auto fill = [=](int32_t first, int32_t last, intptr_t index) {
     if (first < last)
       std::memset(destination + (isMirrored ? width - last : first), source[index],
                   static_cast<size_t>(last - first));
   };
   fill(0, begin, -3);
   StretchColumns(source, destination, steps, begin, end, isMirrored);
-  fill(end, width, width + 2);
+  fill(end, width, intptr_t{width} + 2);
 }
 
 }  // namespace

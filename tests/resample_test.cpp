@@ -1,0 +1,245 @@
+// Resampling where random scenes do not reach: the averages over all sums, every tap count
+// at every width, what goes through the memory suite, and values worked out by hand.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <vector>
+
+#include "common/tables.h"
+#include "host/exercise/arena.h"
+#include "plugin/suites.h"
+#include "suites/resample/average.h"
+#include "suites/resample/box.h"
+#include "suites/resample/horizontal.h"
+#include "suites/resample/positions.h"
+#include "suites/resample/stepped.h"
+#include "suites/resample/vertical.h"
+#include "tests/builds.h"
+#include "tests/fake_host.h"
+
+namespace vantrix {
+namespace {
+
+using Samples = std::vector<uint8_t>;
+
+TEST(AverageTest, IsTheSameInLanesForEverySum) {
+  for (uint32_t count = 1; count <= 1000; ++count) {
+    const Average average(count);
+    const uint32_t reciprocal = 16777216 / count, step = count <= 256 ? 1 : 97;
+    uint32_t wrong = 0, previous = 0;
+    for (uint32_t sum = 0; sum <= 255 * count; sum += step) {
+      const uint32_t expected = (sum + count / 2) * reciprocal >> 24;
+      wrong += expected > 255 || expected < previous || average.Of(sum) != expected;
+      wrong += average.Of(Fill<Sums4>(sum))[3] != expected;
+      if (count <= Average::kWordCount)
+        wrong += average.Of(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
+      previous = expected;
+    }
+    ASSERT_EQ(wrong, 0u) << "of " << count;
+    ASSERT_EQ(average.Of(255 * count), 255) << count;
+  }
+}
+
+// A filter and its reference over planes and lists that fill their memory to its
+// inaccessible end, or from its inaccessible beginning.
+class FilterTest : public ::testing::TestWithParam<Build> {
+ protected:
+  template <class T>
+  T* Take(int region, int32_t count) const {
+    const size_t bytes = static_cast<size_t>(count) * sizeof(T);
+    return reinterpret_cast<T*>(arena_.Region(region) +
+                                (atEnd_ ? arena_.RegionBytes() - bytes : 0));
+  }
+
+  template <class Sample, bool kIsVertical>
+  void Compare(int32_t taps, int32_t width) {
+    constexpr int32_t kSize = sizeof(Sample), kRows = 2, kPhases = 3;
+    const int32_t least = std::max(taps, 1);
+    const int32_t columns = kIsVertical ? width : least + width * 2 / 3;
+    const int32_t sourceRows = kIsVertical ? least + 1 : kRows;
+    const int32_t items = kIsVertical ? kRows : width;
+    const int32_t last = (kIsVertical ? sourceRows : columns) - least;
+    auto* const source = Take<Sample>(0, sourceRows * columns);
+    auto* const offsets = Take<int32_t>(1, items);
+    auto* const phases = Take<uint8_t>(2, items);
+    auto* const weights = Take<int16_t>(3, kPhases * taps);
+    auto* const target = Take<uint8_t>(4, kRows * width * kSize);
+    auto noise = static_cast<uint32_t>(taps * 100 + width);
+    const auto next = [&] { return (noise = noise * 1664525 + 1013904223) >> 8; };
+    std::generate_n(source, sourceRows * columns, [&] { return static_cast<Sample>(next()); });
+    std::generate_n(weights, kPhases * taps,
+                    [&] { return static_cast<int16_t>(int32_t(next() % 30000) - 10000); });
+    for (int32_t i = 0; i < items; ++i) {
+      offsets[i] = taps / 2 - 1 + (items > 1 ? i * last / (items - 1) : last);
+      phases[i] = static_cast<uint8_t>(i % kPhases);
+    }
+    Samples results[2];
+    for (Samples& result : results) {
+      const bool isFirst = &result == results;
+      const Routine routine = isFirst ? ReferenceOf(GetParam())->routine : GetParam().routine;
+      std::fill_n(target, kRows * width * kSize, uint8_t{0xA5});
+      reinterpret_cast<FilterVertical<Sample>*>(routine)(
+          source, reinterpret_cast<Sample*>(target), kRows, width, offsets, phases, columns * kSize,
+          width * kSize, taps, weights);
+      result.assign(target, target + kRows * width * kSize);
+    }
+    ASSERT_EQ(results[0], results[1]) << taps << " taps, width " << width << ", " << atEnd_;
+  }
+
+  host::Arena arena_{5, size_t{1} << 14};
+  bool atEnd_ = false;
+};
+
+void CopyPlainly(const uint8_t* source, uint8_t* destination, int32_t bytes) {
+  std::memcpy(destination, source, static_cast<size_t>(bytes));
+}
+
+TEST_P(FilterTest, EqualsTheReferenceForEveryTapCountAndWidth) {
+  if (!GetParam().runsHere) GTEST_SKIP() << "not on this processor";
+  static Routine live[] = {AsRoutine(CopyPlainly)};
+  memorySuite.live = live;
+  const uint16_t slot = GetParam().slot;
+  for (int32_t taps = 0; taps <= 16 && !HasFatalFailure(); ++taps)
+    for (int32_t width = 1; width <= 70; ++width)
+      for (const bool atEnd : {false, true}) {
+        atEnd_ = atEnd;
+        if (slot == 5) Compare<uint8_t, false>(taps, width);
+        if (slot == 6) Compare<uint8_t, true>(taps, width);
+        if (slot == 13) Compare<uint16_t, false>(taps, width);
+        if (slot == 26) Compare<float, false>(taps, width);
+        if (slot == 27) Compare<float, true>(taps, width);
+      }
+}
+
+std::vector<Build> FilterBuilds() {
+  constexpr uint16_t kSlots[] = {5, 6, 13, 26, 27};
+  std::vector<Build> filters;
+  for (const Build& build : AllBuilds())
+    if (build.suite == kResample && std::ranges::count(kSlots, build.slot) > 0)
+      filters.push_back(build);
+  return filters;
+}
+INSTANTIATE_TEST_SUITE_P(AllBuilds, FilterTest, ::testing::ValuesIn(FilterBuilds()),
+                         [](const auto& test) { return NameOf(test.param); });
+
+struct MemoryCall {
+  const void *source, *destination;
+  int64_t bytes;
+  uint32_t value;
+  friend bool operator==(const MemoryCall&, const MemoryCall&) = default;
+};
+std::vector<MemoryCall> calls;
+void NoteCopy(const uint8_t* source, uint8_t* destination, int32_t bytes) {
+  calls.push_back({source, destination, bytes, 0});
+}
+void NoteFill(uint8_t* destination, int32_t bytes, uint32_t value) {
+  calls.push_back({nullptr, destination, bytes, value});
+}
+
+// The routines that stand in the table when the kernel runs.
+TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
+  Routine live[4] = {AsRoutine(NoteCopy), nullptr, nullptr, AsRoutine(NoteFill)};
+  memorySuite.live = live;
+  static float plane[100], target[40];
+  const auto* const bytes = reinterpret_cast<const uint8_t*>(plane);
+  auto* const out = reinterpret_cast<uint8_t*>(target + 20);
+  const int32_t offsets[] = {1, -1, 0};
+  const uint8_t phases[3] = {};
+  // The row after the named one; of a stride in bytes the whole samples count.
+  for (const int32_t taps : {0, 1, 0x70001}) {
+    for (auto* const filter : {FilterResampleVertical8<OneSample>, FilterResampleVertical8<Sse2>}) {
+      calls.clear();
+      filter(bytes, out, 3, 7, offsets, phases, 9, -11, taps, nullptr);
+      EXPECT_EQ(calls, (std::vector<MemoryCall>{{bytes + 18, out, 7, 0},
+                                                {bytes, out - 11, 7, 0},
+                                                {bytes + 9, out - 22, 7, 0}}));
+    }
+    for (auto* const filter :
+         {FilterResampleVertical32F<OneSample>, FilterResampleVertical32F<Sse2>}) {
+      calls.clear();
+      filter(plane, target, 2, 7, offsets, phases, 43, 39, taps, nullptr);
+      EXPECT_EQ(calls,
+                (std::vector<MemoryCall>{{plane + 20, target, 28, 0}, {plane, target + 9, 28, 0}}));
+    }
+  }
+  calls.clear();
+  FilterResampleVertical32F<Sse2>(plane, target, 1, INT_MAX, &offsets[1], phases, 4, 4, 1, nullptr);
+  int64_t copied = 0;
+  for (const MemoryCall& call : calls) {
+    EXPECT_EQ(reinterpret_cast<intptr_t>(call.source), reinterpret_cast<intptr_t>(bytes) + copied);
+    copied += call.bytes;
+  }
+  EXPECT_EQ(copied, int64_t{4} * INT_MAX) << "more than one count can tell";
+
+  const Samples source = {40, 41, 42, 43, 44, 45, 46, 47, 48};
+  const int32_t lengths[] = {0, 0};
+  calls.clear();
+  ResampleRowsStepped8(&source[3], out, 2, 3, lengths, 1, -20);
+  EXPECT_EQ(calls, (std::vector<MemoryCall>{{nullptr, out, 3, 40}, {nullptr, out - 20, 3, 41}}));
+}
+
+// Three samples before and behind a source of 1 .. 8.
+TEST(SteppedTest, ShowsTheRowAboutItsMiddle) {
+  const Samples source = {93, 92, 91, 1, 2, 3, 4, 5, 6, 7, 8, 81, 82, 83};
+  const struct {
+    int32_t length;
+    Samples expected;
+  } cases[] = {
+      {8, {1, 2, 3, 4, 5, 6, 7, 8}},        {-8, {8, 7, 6, 5, 4, 3, 2, 1}},
+      {16, {3, 3, 4, 4, 5, 5, 6, 6}},       {4, {93, 91, 2, 4, 6, 8, 82, 83}},
+      {1, {93, 93, 93, 1, 81, 83, 83, 83}},
+  };
+  for (const auto& c : cases) {
+    Samples result(8);
+    ResampleRowsStepped8(&source[3], result.data(), 1, 8, &c.length, 0, 0);
+    EXPECT_EQ(result, c.expected) << c.length;
+  }
+}
+
+TEST(PositionsTest, TakeInWhatIsInside) {
+  const Samples source = {10, 20, 250};
+  const int32_t positions[] = {-32769,         -32768,      0,    32767, 32768, 131072 + 32767,
+                               131072 + 32768, -129,        -128, 127,   128,   65536 + 32768,
+                               131072 + 127,   131072 + 128};
+  const Samples nearest = {0, 10, 10, 10, 20, 250, 0, 10, 10, 10, 10, 250, 250, 250};
+  BuildSharedTables();
+  // 20 + 230 x 128 / 255 = 135.45; a position's 128 is half of a 255th, and comes up.
+  const Samples linear = {0, 0, 10, 15, 15, 0, 0, 0, 10, 10, 10, 135, 250, 0};
+  for (auto* const sample : {SampleAtPositions1D8<OneSample>, SampleAtPositions1D8<Sse2>}) {
+    for (const int32_t mode : {0, 1, 0x10000, 0x8000}) {
+      Samples result(std::size(positions));
+      sample(source.data(), result.data(), static_cast<int32_t>(result.size()), 3, positions, mode);
+      EXPECT_EQ(result, static_cast<uint16_t>(mode) ? linear : nearest) << mode;
+    }
+  }
+}
+
+TEST(KnownValuesTest, AreAsWorkedOutByHand) {
+  const Samples source = {1, 1, 0, 2, 2, 2, 10, 20};
+  const int32_t counts[] = {3, 0, 3, 1, -1, 2};
+  for (auto* const average : {BoxAverageRows8<OneSample>, BoxAverageRows8<Sse2>}) {
+    Samples result(6, 77);
+    average(source.data(), result.data(), 6, 1, counts, 1, 1);
+    EXPECT_EQ(result, (Samples{0, 77, 2, 10, 1, 15}));
+  }
+
+  // Half of two neighbours, more than all of them, and less than nothing.
+  const int32_t offsets[] = {0, 0, 0};
+  const uint8_t phases[] = {0, 1, 2};
+  const int16_t weights[] = {8192, 8192, 16384, 16384, -16384, 0};
+  const auto expect = [&]<class Sample>(FilterHorizontal<Sample>* filter, Sample first,
+                                        Sample second, const std::vector<Sample>& expected) {
+    const std::vector<Sample> row = {first, second};
+    std::vector<Sample> result(3);
+    filter(row.data(), result.data(), 1, 3, offsets, phases, 0, 0, 2, weights);
+    EXPECT_EQ(result, expected);
+  };
+  expect(FilterHorizontalOneByOne<uint8_t>, uint8_t{100}, uint8_t{201}, {151, 255, 0});
+  expect(FilterHorizontalOneByOne<uint16_t>, uint16_t{20000}, uint16_t{12768}, {16384, 32768, 0});
+  expect(FilterHorizontalOneByOne<float>, 1.0f, 2.0f, {1.5f, 3.0f, -1.0f});
+}
+
+}  // namespace
+}  // namespace vantrix
