@@ -115,8 +115,8 @@ void ExerciseBoxAverageArea(Routine routine, Scene& scene) {
   if (scene.IsMeasured()) {
     shape = {shape.rows / 2, shape.columns / 2};
   } else {
-    const bool isSmall = shape.columns <= 70;
-    const int32_t most = isSmall ? 20 : shape.columns < 1000 ? 8 : 4;
+    const bool isSmall = shape.columns <= 70 && shape.rows <= 6;
+    const int32_t most = isSmall ? 20 : shape.columns < 1000 && shape.rows <= 6 ? 8 : 4;
     width = choose.Between(1, most), height = choose.Between(1, most);
     if (choose.OneIn(10)) width = choose.Between(-1, 1), height = choose.Between(0, 2);
     if (isSmall && choose.OneIn(6)) width = choose.Between(1, 2), height = choose.Between(120, 260);

@@ -63,7 +63,18 @@ Shape Scene::ChooseShape() {
       shape.columns = choices_.Between(1, 70);
       break;
   }
-  shape.rows = choices_.OneIn(16) ? choices_.Between(-3, 0) : choices_.Between(1, 6);
+  switch (choices_.Below(16)) {
+    case 0:
+      shape.rows = choices_.Between(-3, 0);
+      break;
+    case 1:
+      // More than any kernel takes together.
+      shape.rows = shape.columns <= 70 ? choices_.Between(7, 150) : 6;
+      break;
+    default:
+      shape.rows = choices_.Between(1, 6);
+      break;
+  }
   return shape;
 }
 

@@ -64,7 +64,8 @@ class Scene {
   bool IsMeasured() const { return runner_ != nullptr; }
   bool IsPinned() const { return pinnedOffset_ >= 0; }
 
-  // Mostly a few rows of up to some hundred samples; now and then none, or about 4096.
+  // Mostly a few rows of up to some hundred samples; now and then none, about 4096
+  // samples, or many rows.
   Shape ChooseShape();
 
   // A plane of a shape's rows, of rowBytes each: at any offset, or ending at or
