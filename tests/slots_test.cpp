@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "plugin/install.h"
 #include "plugin/processor.h"
 #include "plugin/startup.h"
 #include "tests/fake_host.h"
@@ -67,6 +68,31 @@ TEST(SlotsTest, ChangeAsTheFlagsSayEachOnItsOwn) {
   EXPECT_EQ(kBlendSSE.size() + kBlendSSE2.size(), 54u);
   EXPECT_EQ(kPaintSSE2.size(), 37u);
   for (int flags = 0; flags < 8; ++flags) ExpectSlots(flags & 1, flags & 2, flags & 4);
+}
+
+template <int kBuild>
+Routine BuildOf() {
+  return nullptr;
+}
+
+TEST(WidestBuildTest, IsTheWidestThatTheProcessorRuns) {
+  const RoutineGetter scalar = BuildOf<0>, sse2 = BuildOf<1>, ssse3 = BuildOf<2>,
+                      sse41 = BuildOf<3>;
+  ProcessorFeatures has{};
+  const auto expect = [&](RoutineGetter ofAll, RoutineGetter ofTwo) {
+    EXPECT_EQ(WidestBuild({0, scalar, sse2, ssse3, sse41}, has), ofAll);
+    EXPECT_EQ(WidestBuild({0, scalar, sse2}, has), ofTwo);
+    EXPECT_EQ(WidestBuild({0, scalar}, has), scalar);
+  };
+  expect(scalar, scalar);
+  has.hasSSE = 1;
+  expect(scalar, scalar);
+  has.hasSSE2 = 1;
+  expect(sse2, sse2);
+  has.hasSSSE3 = 1;
+  expect(ssse3, sse2);
+  has.hasSSE41 = 1;
+  expect(sse41, sse2);
 }
 
 }  // namespace
