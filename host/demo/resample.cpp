@@ -198,7 +198,7 @@ Picture Waves(Session& session, const Picture& picture) {
     for (int c = 0; c < 3; ++c)
       for (int y = 0; y < picture.height; ++y)
         Call<SampleAtPositions1D>(routine)(picture.Row(c, y), target.Row(c, y), width, width,
-                                           &positions[static_cast<size_t>(y * width)], 1);
+                                           positions.data() + intptr_t{y} * width, 1);
   });
   return result;
 }

@@ -29,10 +29,11 @@ WeightTable::WeightTable(int from, int to, int tapCount) : taps(tapCount) {
 // A sinc as wide as the scale wants it, under one as wide as the taps. What rounding takes
 // from the sum or adds to it, the tap next to the middle makes up for.
 void WeightTable::AddPhase(double fraction, double cutoff) {
+  const int first = 1 - taps / 2;
   std::vector<double> exact;
   double sum = 0;
   for (int k = 0; k < taps; ++k) {
-    const double x = k - (taps / 2 - 1) - fraction;
+    const double x = first + k - fraction;
     exact.push_back(Sinc(cutoff * x) * Sinc(2 * x / taps));
     sum += exact.back();
   }

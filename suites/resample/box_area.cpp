@@ -32,7 +32,8 @@ template <bool kInPairs, int kHeight>
 VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t columns,
                                const Blocks& blocks) {
   const auto read = [](const uint8_t* row) VX_INLINED { return Load<Bytes16>(row); };
-  for (int32_t x = 0; x < columns; x += 16) {
+  int32_t x = 0;
+  do {
     const int32_t at = x + 16 <= columns ? x : columns - 16;
     const ColumnSums block = SumColumns<kHeight>(source + at, blocks.stride, blocks.height, read);
     if constexpr (kInPairs) {
@@ -41,7 +42,8 @@ VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t co
       Store(sums + at, InterleaveLow(block.even, block.odd));
       Store(sums + at + 8, InterleaveHigh(block.even, block.odd));
     }
-  }
+    x += 16;
+  } while (x < columns);
 }
 
 // Sums as an operand that averages each.

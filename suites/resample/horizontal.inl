@@ -111,7 +111,7 @@ struct HorizontalPass {
       Repeat<UnitsOf(kTaps, AccessRule::kTaps) / 4>(
           [&](int) VX_INLINED { add(std::integral_constant<int, 4>{}); });
     else
-      while (units - unit >= 4) add(std::integral_constant<int, 4>{});
+      for (int32_t fours = units / 4; fours > 0; --fours) add(std::integral_constant<int, 4>{});
     if (units & 2) add(std::integral_constant<int, 2>{});
     if (units & 1) add(std::integral_constant<int, 1>{});
     return sum;
@@ -142,7 +142,7 @@ struct HorizontalPass {
       const uint32_t* words = plan;
       for (intptr_t at = x; at < end; at += kColumns, words += BlockWords<Access>())
         Store(blocks + Place(at) * kSize, WeighBlock<Access>(from, words));
-      if (isNarrow) std::memcpy(to, narrow, static_cast<size_t>(outputWidth * kSize));
+      if (isNarrow) std::memcpy(to, narrow, static_cast<size_t>(outputWidth) * sizeof(Sample));
     }
   }
 
