@@ -25,9 +25,9 @@ constexpr int kThreads = 8;
 template <class Work>
 void OnThreads(Work work) {
   std::latch start(kThreads);
-  std::vector<std::jthread> threads;
+  std::jthread threads[kThreads];
   for (int thread = 0; thread < kThreads; ++thread)
-    threads.emplace_back([&, thread] {
+    threads[thread] = std::jthread([&, thread] {
       start.arrive_and_wait();
       work(thread);
     });
