@@ -32,6 +32,7 @@ void Scale(const uint8_t* s, int32_t ss, int32_t width, int32_t height, uint8_t*
            int32_t newWidth, int32_t newHeight) {
   libyuv::ScalePlane(s, ss, width, height, d, ds, newWidth, newHeight, libyuv::kFilterBox);
 }
+// Of two rows; of more, only two are read.
 void AverageRows(const uint8_t* s, uint8_t* d, int32_t rows, int32_t width, const int32_t* counts,
                  int32_t ss, int32_t ds) {
   Scale(s, ss, width, rows * counts[0], d, ds, width, rows);
@@ -43,9 +44,12 @@ void AverageArea(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns, in
 
 constexpr const char* kName = "libyuv";
 [[maybe_unused]] const bool kCompete[] = {
-    Compete(kName, kBlend, {2}, Masked),         Compete(kName, kConvert, {18}, Expand),
-    Compete(kName, kMemory, {1}, Copy),          Compete(kName, kMemory, {4}, Fill),
-    Compete(kName, kResample, {3}, AverageRows), Compete(kName, kResample, {24}, AverageArea),
+    Compete(kName, kBlend, {2}, Masked),
+    Compete(kName, kConvert, {18}, Expand),
+    Compete(kName, kMemory, {1}, Copy),
+    Compete(kName, kMemory, {4}, Fill),
+    Compete(kName, kResample, {3}, AverageRows, "of 2"),
+    Compete(kName, kResample, {24}, AverageArea),
 };
 
 }  // namespace

@@ -17,9 +17,9 @@ Routine Find(SuiteIndex suite, uint16_t slot) {
   };
   switch (suite) {
     case kBlend:
-      return Find(host::BlendReferences(), slot);
+      return first(Find(OrdinaryBlends(), slot), host::BlendReferences());
     case kConvert:
-      return Find(host::ConvertReferences(), slot);
+      return first(Find(OrdinaryConversions(), slot), host::ConvertReferences());
     case kFilter:
       return first(Find(OrdinaryFilters(), slot), host::FilterReferences());
     case kMemory:

@@ -22,6 +22,8 @@ template <class Signature>
 Ordinary Use(uint16_t slot, Signature* routine) {
   return {slot, reinterpret_cast<Routine>(routine)};
 }
+std::span<const Ordinary> OrdinaryBlends();
+std::span<const Ordinary> OrdinaryConversions();
 std::span<const Ordinary> OrdinaryFilters();
 std::span<const Ordinary> OrdinaryPaths();
 std::span<const Ordinary> OrdinaryResampling();
