@@ -37,12 +37,12 @@ using Out = std::array<Rows<uint8_t>, kCount>;
 template <size_t kInputs, size_t kOutputs>
 void Stream(int32_t rows, intptr_t bytes, In<kInputs> inputs, Out<kOutputs> outputs) {
   __m128i all[4] = {}, start{};
-  asm("" : "+x"(start));  // a plane written as it was read need not be written
+  asm("" : "+x"(start));  // else nothing need be written, or by a library
   for (; rows > 0; --rows) {
     for (intptr_t x = 0; x + 64 <= bytes; x += 64) {
 #pragma GCC unroll 4
       for (int i = 0; i < 4; ++i) {
-        __m128i v = start;
+        __m128i v = kOutputs == 0 ? __m128i{} : start;
         for (const auto& input : inputs) v ^= _mm_loadu_si128(input.At(x + 16 * i));
         for (const auto& output : outputs) _mm_storeu_si128(output.At(x + 16 * i), v);
         if constexpr (kOutputs == 0) all[i] ^= v;
