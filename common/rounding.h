@@ -9,7 +9,6 @@
 
 namespace vantrix {
 
-
 // product / 255 rounded to nearest, in 16-bit lanes; product is 0..65025.
 //
 // With t = product + 128 this is (t + (t >> 8)) >> 8, which for any 16-bit t is

@@ -19,8 +19,8 @@ int64_t Deviation(const uint8_t* source, uint8_t* destination, int32_t rows, int
           sum += s;
           squares += s * s;
         }
-      const auto quotient = static_cast<float>((9 * squares - sum * sum) / 21);
-      destination[x] = static_cast<uint8_t>(std::sqrt(quotient));
+      const int32_t quotient = (9 * squares - sum * sum) / 21;
+      destination[x] = static_cast<uint8_t>(std::sqrt(static_cast<float>(quotient)));
     }
     source += sourceStride;
     destination += destinationStride;
