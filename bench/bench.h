@@ -3,9 +3,13 @@
 
 #include <benchmark/benchmark.h>
 
+#include <initializer_list>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "host/exercise/scene.h"
+#include "plugin/interface.h"
 
 namespace vantrix::bench {
 
@@ -18,14 +22,55 @@ double CyclesPerTick();
 void Register(const std::string& name, host::Exercise* exercise, Routine routine,
               host::Shape shape);
 
+// The arena in which all routines are measured, one after another.
+host::Arena& MeasuringArena();
+
+// A line of progress now and then, from whatever measures.
+void TellProgress();
+
+// What is done in a slot, in one particular setting: a job for several routines.
+struct Case {
+  SuiteIndex suite;
+  uint16_t slot;
+  std::string setting;  // empty for the usual one
+  host::Exercise* exercise;
+  std::vector<host::Shape> shapes;
+};
+std::vector<Case> Cases();
+
 // The three sizes of a plane, 16 KiB, 256 KiB and 16 MiB, and rows that end early.
 inline constexpr host::Shape kPlanes[] = {{64, 256}, {256, 1024}, {4096, 4096}};
 inline constexpr host::Shape kShortRows[] = {{64, 5}, {64, 15}, {64, 33}, {64, 100}};
+constexpr bool IsShortRow(host::Shape shape) { return shape.rows == 64 && shape.columns <= 100; }
+constexpr bool IsBiggest(host::Shape shape) { return shape.rows == 4096; }
+
+// Other routines for the same jobs, by the names of their forms.
+struct Competitor {
+  SuiteIndex suite;
+  uint16_t slot;
+  const char* form;
+  Routine routine;
+  const char* onlySetting;  // null for all
+  bool isTwin = false;      // whether it gives the same to the bit
+};
+std::vector<Competitor>& Competitors();
+
+// Adds a routine to them; a unit that is linked adds those it has while the program starts.
+template <class Signature>
+bool Compete(const char* form, SuiteIndex suite, std::initializer_list<uint16_t> slots,
+             Signature* routine, const char* onlySetting = nullptr) {
+  for (const uint16_t slot : slots)
+    Competitors().push_back({suite, slot, form, reinterpret_cast<Routine>(routine), onlySetting});
+  return true;
+}
+
+template <class Signature>
+bool CompeteAsTwin(const char* form, SuiteIndex suite, uint16_t slot, Signature* routine) {
+  Compete(form, suite, {slot}, routine);
+  return Competitors().back().isTwin = true;
+}
 
 void RegisterFillArray();
 void RegisterKernels();
-void RegisterMaskedBlend();
-void RegisterResample();
-void RegisterRuns();
 
 }  // namespace vantrix::bench

@@ -1,28 +1,76 @@
-// Every build of every kernel, and the host's routine for the slot.
+// Every case in every form: the builds of the kernel, the ordinary routine as g++ compiles
+// it with its vectoriser and without, and the competitors.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
 #include "bench/bench.h"
+#include "bench/ordinary/ordinary.h"
 #include "host/catalog.h"
+#include "host/services.h"
 #include "suites/kernel_lists.h"
 
 namespace vantrix::bench {
+namespace {
+
+const Kernel* FindKernel(const Case& job) {
+  for (const auto& [suite, kernels] : KernelLists())
+    if (suite == job.suite) return vantrix::FindKernel(kernels, job.slot);
+  return nullptr;
+}
+
+// What is timed must first do the same.
+void RequireSame(const std::string& name, const Case& job, Routine expected, Routine actual) {
+  host::Scene scene(MeasuringArena(), host::Choices(uint64_t{1}));
+  scene.Measure({24, 100}, [](const std::function<void()>& call) {
+    host::services.polls = 0;  // results count them
+    call();
+  });
+  const std::string difference = host::CompareRoutines(job.exercise, expected, actual, scene);
+  if (difference.empty()) return;
+  std::fprintf(stderr, "%s: %s\n", name.c_str(), difference.c_str());
+  std::exit(1);
+}
+
+void RegisterCase(const Case& job) {
+  const host::SuiteEntry& suite = host::Catalog()[job.suite];
+  const Routine expected = host::FindReference(suite, job.slot)->routine;
+  const std::string name = std::string(suite.name) + "/" + std::to_string(job.slot) +
+                           (job.setting.empty() ? "" : " " + job.setting) + "/";
+  const auto add = [&](const char* form, Routine routine, auto isWanted) {
+    for (const host::Shape shape : job.shapes)
+      if (isWanted(shape)) Register(name + form, job.exercise, routine, shape);
+  };
+  const auto anyShape = [](host::Shape) { return true; };
+  const auto notBiggest = [](host::Shape shape) { return !IsBiggest(shape); };
+  const auto wholePlanes = [](host::Shape shape) { return !IsShortRow(shape); };
+
+  ForEachBuild(*FindKernel(job), [&](const char* form, RoutineGetter getter) {
+    RequireSame(name + form, job, expected, getter());
+    if (std::strcmp(form, "scalar") == 0)
+      add(form, getter(), notBiggest);
+    else
+      add(form, getter(), anyShape);
+  });
+  const Routine vectorised = FindVectorised(job.suite, job.slot);
+  const Routine unvectorised = FindUnvectorised(job.suite, job.slot);
+  RequireSame(name + "vectorised", job, expected, vectorised);
+  RequireSame(name + "unvectorised", job, expected, unvectorised);
+  add("vectorised", vectorised, wholePlanes);
+  add("unvectorised", unvectorised,
+      [](host::Shape shape) { return !IsShortRow(shape) && !IsBiggest(shape); });
+  for (const Competitor& other : Competitors()) {
+    if (other.suite != job.suite || other.slot != job.slot) continue;
+    if (other.onlySetting && job.setting != other.onlySetting) continue;
+    if (other.isTwin) RequireSame(name + other.form, job, expected, other.routine);
+    add(other.form, other.routine, wholePlanes);
+  }
+}
+
+}  // namespace
 
 void RegisterKernels() {
-  for (const auto& [index, kernels] : KernelLists()) {
-    if (index == kPath) continue;  // folds its input away: see fill_array.cpp
-    const host::SuiteEntry& suite = host::Catalog()[index];
-    for (const Kernel& kernel : kernels) {
-      const host::Reference* const reference = host::FindReference(suite, kernel.slot);
-      if (!reference) continue;
-      const auto add = [&](const char* form, Routine routine) {
-        const std::string name =
-            std::string(suite.name) + "/" + std::to_string(kernel.slot) + "/" + form;
-        for (const host::Shape shape : kPlanes) Register(name, reference->exercise, routine, shape);
-        for (const host::Shape shape : kShortRows)
-          Register(name, reference->exercise, routine, shape);
-      };
-      add("default", reference->routine);
-      ForEachBuild(kernel, [&](const char* form, RoutineGetter getter) { add(form, getter()); });
-    }
-  }
+  for (const Case& job : Cases()) RegisterCase(job);
 }
 
 }  // namespace vantrix::bench

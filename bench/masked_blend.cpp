@@ -2,7 +2,7 @@
 #include <tmmintrin.h>
 
 #include "bench/bench.h"
-#include "host/exercise/exercises.h"
+#include "suites/blend/signatures.h"
 
 namespace vantrix::bench {
 namespace {
@@ -54,17 +54,10 @@ void ByHand(const uint8_t* s, uint8_t* d, const uint8_t* m, int32_t rows, int32_
   }
 }
 
+[[maybe_unused]] const bool kCompete[] = {
+    CompeteAsTwin("hand SSE2", kBlend, 2, ByHand<MixSse2>),
+    CompeteAsTwin("hand SSSE3", kBlend, 2, ByHand<MixSsse3>),
+};
+
 }  // namespace
-
-void RegisterMaskedBlend() {
-  const auto add = [](const char* name, auto* routine) {
-    for (const host::Shape shape : kPlanes)
-      Register(name, host::ExerciseMaskedBlend, reinterpret_cast<Routine>(routine), shape);
-    for (const host::Shape shape : kShortRows)
-      Register(name, host::ExerciseMaskedBlend, reinterpret_cast<Routine>(routine), shape);
-  };
-  add("blnd/2/hand SSE2", ByHand<MixSse2>);
-  add("blnd/2/hand SSSE3", ByHand<MixSsse3>);
-}
-
 }  // namespace vantrix::bench

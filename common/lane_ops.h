@@ -32,6 +32,7 @@ VX_LANE auto IsLight(V v) {
 //   Root                 the square root
 //   Shuffle              byte i is v[places[i]], or 0 for a place of 128 or more (SSSE3)
 //   Spread               one lane of four in all four
+//   ClampedSum           min(a + b, 65535)
 //   HalfUp               v / 2, halves rounded up
 //   TruncatedQuotient    n / d by single-precision division; quotients to 32767
 //   SetBytes             a bit for each byte in whose lane a comparison holds
@@ -94,6 +95,12 @@ VX_LANE Words8 Narrow(Ints4 low, Ints4 high) {
 template <int kLane>
 VX_LANE Floats4 Spread(Floats4 v) {
   return _mm_shuffle_ps(v, v, _MM_SHUFFLE(kLane, kLane, kLane, kLane));
+}
+VX_LANE Words8 ClampedSum(Words8 a, Words8 b) {
+  return As<Words8>(_mm_adds_epu16(As<__m128i>(a), As<__m128i>(b)));
+}
+VX_LANE Lanes<uint16_t, 1> ClampedSum(Lanes<uint16_t, 1> a, Lanes<uint16_t, 1> b) {
+  return (a + b) | As<Lanes<uint16_t, 1>>(a + b < a);
 }
 VX_LANE Words8 HalfUp(Words8 v) { return As<Words8>(_mm_avg_epu16(As<__m128i>(v), __m128i{})); }
 template <class V>

@@ -17,13 +17,14 @@ struct FullToHost {
   }
 };
 
-// (v x 65535 + 16384) >> 15 = 2 v + ((16384 - v) >> 15): 2 v, less 1 above 16384. Seen as
-// signed lanes, values above 0x7FFF are negative, and their signs fill them.
+// (v x 65535 + 16384) >> 15 = 2 v + ((16384 - v) >> 15): 2 v, less 1 above 16384. From
+// 0x8000 on, where 2 v is clamped to 0xFFFF, values are negative as signed lanes and lose
+// nothing.
 struct HostToFull {
   template <class V>
   VX_INLINE V operator()(V v) const {
     using Signed = Lanes<int16_t, kLaneCount<V>>;
-    return (v + v + As<V>(As<Signed>(v) > 16384)) | As<V>(As<Signed>(v) < 0);
+    return ClampedSum(v, v) + As<V>(As<Signed>(v) > 16384);
   }
 };
 

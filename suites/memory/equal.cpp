@@ -1,14 +1,23 @@
 #include "suites/memory/equal.h"
 
+#include "common/unroll.h"
+
 namespace vantrix {
 namespace {
 
-VX_INLINE auto IsEqual(const uint8_t* at, Bytes16 value) { return Load<Bytes16>(at) == value; }
-
-// 64 bytes under one test.
+template <int kBytes>
 VX_INLINE bool BlockIsEqual(const uint8_t* at, Bytes16 value) {
-  return AllSet((IsEqual(at, value) & IsEqual(at + 16, value)) &
-                (IsEqual(at + 32, value) & IsEqual(at + 48, value)));
+  Bytes16 differing{};
+  Repeat<kBytes / 16>([&](int i) VX_INLINED { differing |= Load<Bytes16>(at + 16 * i) ^ value; });
+  return AllSet(differing == 0);
+}
+
+// A test a block; the last block reaches back over the one before.
+template <int kBytes>
+VX_INLINE bool BlocksAreEqual(const uint8_t* at, intptr_t count, Bytes16 value) {
+  for (intptr_t x = 0; x < count - kBytes; x += kBytes)
+    if (!BlockIsEqual<kBytes>(at + x, value)) return false;
+  return BlockIsEqual<kBytes>(at + count - kBytes, value);
 }
 
 template <int kHalf>
@@ -27,17 +36,9 @@ VX_INLINE bool EndsAreEqual(const uint8_t* at, intptr_t bytes, Bytes16 value) {
 uint32_t BytesAllEqual(const uint8_t* pointer, int32_t bytes, uint32_t value) {
   const Bytes16 wanted = Fill<Bytes16>(static_cast<uint8_t>(value));
   const intptr_t count = bytes;
-  if (count >= 64) {
-    intptr_t x = 0;
-    for (; x < count - 64; x += 64)
-      if (!BlockIsEqual(pointer + x, wanted)) return 0;
-    return BlockIsEqual(pointer + count - 64, wanted);
-  }
-  if (count >= 16) {
-    for (intptr_t x = 0; x < count - 16; x += 16)
-      if (!AllSet(IsEqual(pointer + x, wanted))) return 0;
-    return AllSet(IsEqual(pointer + count - 16, wanted));
-  }
+  if (count >= 128) return BlocksAreEqual<128>(pointer, count, wanted);
+  if (count >= 64) return BlocksAreEqual<64>(pointer, count, wanted);
+  if (count >= 16) return BlocksAreEqual<16>(pointer, count, wanted);
   if (count >= 8) return EndsAreEqual<8>(pointer, count, wanted);
   if (count >= 4) return EndsAreEqual<4>(pointer, count, wanted);
   for (intptr_t x = 0; x < count; ++x)

@@ -13,6 +13,7 @@ constexpr int32_t kColumnsTogether = 4096;
 // An entry takes the marks of the rows about it; the entry as it was is set aside for the
 // row below.
 struct SpreadMark {
+  static constexpr intptr_t kFewestInRegister = 8;  // halves stored apart are slow to reload
   template <class V>
   VX_INLINE Pair<V> operator()(Pair<V> entryAndAbove, V below) const {
     const auto [entry, above] = entryAndAbove;

@@ -9,6 +9,7 @@ namespace {
 // priority that holds an entry back.
 template <uint16_t kHolds>
 struct TakeOver {
+  static constexpr intptr_t kFewestInRegister = 8;  // halves stored apart are slow to reload
   template <class V>
   VX_INLINE Pair<V> operator()(Pair<V> own, V priorityBefore, V valueBefore) const {
     const V carried = priorityBefore + As<V>(priorityBefore > 1);  // less 1: the mask is -1

@@ -1,33 +1,38 @@
-// Instantiates ordinary_resample.h; a unit says how it is compiled as HowCompiled.
-#pragma once
-
+#include <array>
 #include <type_traits>
 
-#include "bench/ordinary_resample.h"
-#include "common/tables.h"
+#include "bench/ordinary/ordinary.h"
+#include "suites/resample/signatures.h"
 
 namespace vantrix::bench {
 namespace {
 
-inline uint8_t Finish(int32_t sum, uint8_t*) {
+uint8_t Finish(int32_t sum, uint8_t*) {
   sum >>= 14;
   return static_cast<uint8_t>(sum < 0 ? 0 : sum > 255 ? 255 : sum);
 }
-inline uint16_t Finish(int32_t sum, uint16_t*) {
+uint16_t Finish(int32_t sum, uint16_t*) {
   sum >>= 14;
   return static_cast<uint16_t>(sum < 0 ? 0 : sum > 32768 ? 32768 : sum);
 }
-inline float Finish(float sum, float*) { return sum * 6.1035156e-05f; }
+float Finish(float sum, float*) { return sum * 6.1035156e-05f; }
 
-inline int32_t Start(uint16_t) { return 8192; }
-inline int32_t Start(uint8_t) { return 8192; }
-inline float Start(float) { return 0; }
+int32_t Start(uint16_t) { return 8192; }
+int32_t Start(uint8_t) { return 8192; }
+float Start(float) { return 0; }
 
-inline uint8_t Mixed(const uint8_t* at, int32_t fraction) {
-  return static_cast<uint8_t>(at[0] + SignedMultiplyTable[fraction][kSignedCentre + at[1] - at[0]]);
+// [255 + v] of row w = w v / 255, rounded to nearest.
+const auto kPart = [] {
+  std::array<std::array<int16_t, 511>, 256> table;
+  for (int w = 0; w < 256; ++w)
+    for (int v = -255; v <= 255; ++v)
+      table[w][255 + v] = static_cast<int16_t>((2 * w * v + (v < 0 ? -255 : 255)) / 510);
+  return table;
+}();
+
+uint8_t Mixed(const uint8_t* at, int32_t fraction) {
+  return static_cast<uint8_t>(at[0] + kPart[fraction][255 + at[1] - at[0]]);
 }
-
-}  // namespace
 
 // Calls work with the usual tap counts as constants, so that its loops are unrolled.
 template <class Work>
@@ -44,10 +49,10 @@ void WithTaps(int32_t tapCount, Work work) {
   }
 }
 
-template <class How, class Sample>
-void OrdinaryHorizontal(const Sample* source, Sample* destination, uint32_t rows, int32_t width,
-                        const int32_t* offsets, const uint8_t* phases, int32_t sourceStride,
-                        int32_t destinationStride, int32_t tapCount, const int16_t* weights) {
+template <class Sample>
+void Horizontal(const Sample* source, Sample* destination, uint32_t rows, int32_t width,
+                const int32_t* offsets, const uint8_t* phases, int32_t sourceStride,
+                int32_t destinationStride, int32_t tapCount, const int16_t* weights) {
   WithTaps(tapCount, [=](auto taps) mutable {
     const int32_t origin = 1 - taps / 2;
     for (uint32_t y = 0; y < rows; ++y) {
@@ -64,10 +69,10 @@ void OrdinaryHorizontal(const Sample* source, Sample* destination, uint32_t rows
   });
 }
 
-template <class How, class Sample>
-void OrdinaryVertical(const Sample* source, Sample* destination, int32_t rows, int32_t width,
-                      const int32_t* offsets, const uint8_t* phases, int32_t sourceStride,
-                      int32_t destinationStride, int32_t tapCount, const int16_t* weights) {
+template <class Sample>
+void Vertical(const Sample* source, Sample* destination, int32_t rows, int32_t width,
+              const int32_t* offsets, const uint8_t* phases, int32_t sourceStride,
+              int32_t destinationStride, int32_t tapCount, const int16_t* weights) {
   WithTaps(tapCount, [=](auto taps) mutable {
     const int32_t origin = 1 - taps / 2;
     const intptr_t stride = sourceStride / static_cast<int32_t>(sizeof(Sample));
@@ -84,10 +89,8 @@ void OrdinaryVertical(const Sample* source, Sample* destination, int32_t rows, i
   });
 }
 
-template <class How>
-void OrdinaryAverageRows(const uint8_t* source, uint8_t* destination, int32_t outputRows,
-                         int32_t width, const int32_t* rowCounts, int32_t sourceStride,
-                         int32_t destinationStride) {
+void AverageRows(const uint8_t* source, uint8_t* destination, int32_t outputRows, int32_t width,
+                 const int32_t* rowCounts, int32_t sourceStride, int32_t destinationStride) {
   for (int32_t y = 0; y < outputRows; ++y) {
     const int32_t n = rowCounts[y];
     const uint32_t reciprocal = 16777216u / static_cast<uint32_t>(n);
@@ -101,10 +104,9 @@ void OrdinaryAverageRows(const uint8_t* source, uint8_t* destination, int32_t ou
   }
 }
 
-template <class How>
-void OrdinaryAverageArea(const uint8_t* source, uint8_t* destination, int32_t outputRows,
-                         int32_t outputColumns, int32_t blockWidth, int32_t blockHeight,
-                         int32_t sourceStride, int32_t destinationStride) {
+void AverageArea(const uint8_t* source, uint8_t* destination, int32_t outputRows,
+                 int32_t outputColumns, int32_t blockWidth, int32_t blockHeight,
+                 int32_t sourceStride, int32_t destinationStride) {
   const auto n = static_cast<uint32_t>(blockWidth * blockHeight), reciprocal = 16777216u / n;
   for (int32_t y = 0; y < outputRows; ++y) {
     for (int32_t x = 0; x < outputColumns; ++x) {
@@ -119,9 +121,8 @@ void OrdinaryAverageArea(const uint8_t* source, uint8_t* destination, int32_t ou
   }
 }
 
-template <class How>
-void OrdinaryStepped(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t width,
-                     const int32_t* rowLengths, int32_t sourceStride, int32_t destinationStride) {
+void Stepped(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t width,
+             const int32_t* rowLengths, int32_t sourceStride, int32_t destinationStride) {
   for (int32_t y = 0; y < rows; ++y) {
     const auto step = static_cast<int64_t>(width * 4294967296.0 / rowLengths[y]);
     int64_t position = (int64_t{width} << 31) - ((width - 1) * step >> 1);
@@ -136,9 +137,8 @@ void OrdinaryStepped(const uint8_t* source, uint8_t* destination, int32_t rows, 
   }
 }
 
-template <class How>
-void OrdinaryPositions1D(const uint8_t* source, uint8_t* destination, int32_t count,
-                         int32_t sourceLength, const int32_t* positions, int32_t mode) {
+void Positions1D(const uint8_t* source, uint8_t* destination, int32_t count, int32_t sourceLength,
+                 const int32_t* positions, int32_t mode) {
   const bool isLinear = static_cast<uint16_t>(mode) != 0;
   for (int32_t i = 0; i < count; ++i) {
     const int32_t p = positions[i] + (isLinear ? 128 : 32768), index = p >> 16;
@@ -148,10 +148,9 @@ void OrdinaryPositions1D(const uint8_t* source, uint8_t* destination, int32_t co
   }
 }
 
-template <class How>
-void OrdinaryPositions2D(const uint8_t* source, uint8_t* destination, int32_t count,
-                         int32_t sourceWidth, int32_t sourceHeight, const int32_t* positions,
-                         int32_t sourceStride, int32_t mode) {
+void Positions2D(const uint8_t* source, uint8_t* destination, int32_t count, int32_t sourceWidth,
+                 int32_t sourceHeight, const int32_t* positions, int32_t sourceStride,
+                 int32_t mode) {
   const bool isLinear = static_cast<uint16_t>(mode) != 0;
   for (int32_t i = 0; i < count; ++i) {
     const int32_t px = positions[2 * i] + (isLinear ? 128 : 32768), x = px >> 16;
@@ -162,21 +161,22 @@ void OrdinaryPositions2D(const uint8_t* source, uint8_t* destination, int32_t co
     int32_t sample = fx ? Mixed(at, fx) : at[0];
     if (fy) {
       const int32_t below = fx ? Mixed(at + sourceStride, fx) : at[sourceStride];
-      sample += SignedMultiplyTable[fy][kSignedCentre + below - sample];
+      sample += kPart[fy][255 + below - sample];
     }
     destination[i] = static_cast<uint8_t>(sample);
   }
 }
 
-template FilterHorizontal<uint8_t> OrdinaryHorizontal<HowCompiled, uint8_t>;
-template FilterHorizontal<uint16_t> OrdinaryHorizontal<HowCompiled, uint16_t>;
-template FilterHorizontal<float> OrdinaryHorizontal<HowCompiled, float>;
-template FilterVertical<uint8_t> OrdinaryVertical<HowCompiled, uint8_t>;
-template FilterVertical<float> OrdinaryVertical<HowCompiled, float>;
-template BoxAverageRows OrdinaryAverageRows<HowCompiled>;
-template BoxAverageArea OrdinaryAverageArea<HowCompiled>;
-template ResampleRowsStepped OrdinaryStepped<HowCompiled>;
-template SampleAtPositions1D OrdinaryPositions1D<HowCompiled>;
-template SampleAtPositions2D OrdinaryPositions2D<HowCompiled>;
+}  // namespace
+
+std::span<const Ordinary> OrdinaryResampling() {
+  static const Ordinary routines[] = {
+      Use(3, AverageRows),      Use(5, Horizontal<uint8_t>),   Use(6, Vertical<uint8_t>),
+      Use(7, Stepped),          Use(13, Horizontal<uint16_t>), Use(18, Positions1D),
+      Use(19, Positions2D),     Use(24, AverageArea),          Use(26, Horizontal<float>),
+      Use(27, Vertical<float>),
+  };
+  return routines;
+}
 
 }  // namespace vantrix::bench

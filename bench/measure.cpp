@@ -1,0 +1,85 @@
+#include <x86intrin.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+#include "bench/bench.h"
+
+namespace vantrix::bench {
+namespace {
+
+// Planes of 4096 x 4096 values of 4 bytes, filters' sources among them, with their margins;
+// taken up as it is used.
+constexpr size_t kRegionBytes = size_t{130} << 20;
+
+void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine,
+             host::Shape shape) {
+  uint64_t ticks = 0;
+  host::Scene scene(MeasuringArena(), host::Choices(uint64_t{1}));
+  scene.Measure(shape, [&](const std::function<void()>& call) {
+    const uint64_t start = __rdtsc();
+    for (auto _ : state) call();
+    ticks = __rdtsc() - start;
+  });
+  exercise(routine, scene);
+  const double cycles = static_cast<double>(ticks) * CyclesPerTick();
+  const double calls = static_cast<double>(state.iterations());
+  state.counters["cycles_per_row"] = cycles / calls / shape.rows;
+  state.counters["cycles_per_sample"] = cycles / calls / shape.rows / shape.columns;
+  TellProgress();
+}
+
+}  // namespace
+
+host::Arena& MeasuringArena() {
+  static host::Arena arena(8, kRegionBytes);
+  return arena;
+}
+
+void TellProgress() {
+  using Clock = std::chrono::steady_clock;
+  using std::chrono::duration_cast, std::chrono::seconds;
+  static const auto start = Clock::now();
+  static auto told = start;
+  static int runs = 0;
+  ++runs;
+  if (Clock::now() - told < seconds(20)) return;
+  told = Clock::now();
+  std::fprintf(stderr, "%4lld s: %d runs\n",
+               static_cast<long long>(duration_cast<seconds>(told - start).count()), runs);
+}
+
+double CyclesPerTick() {
+  static const double factor = [] {
+    constexpr int kAdds = 80000;
+    uint64_t best = ~uint64_t{0};
+    for (int run = 0; run < 200; ++run) {
+      uint64_t sum = 0;
+      const uint64_t start = __rdtsc();
+      for (int i = 0; i < kAdds / 8; ++i)
+        asm volatile(
+            "add $1, %0\nadd $1, %0\nadd $1, %0\nadd $1, %0\n"
+            "add $1, %0\nadd $1, %0\nadd $1, %0\nadd $1, %0"
+            : "+r"(sum));
+      best = std::min(best, uint64_t{__rdtsc() - start});
+    }
+    return kAdds / static_cast<double>(best);
+  }();
+  return factor;
+}
+
+void Register(const std::string& name, host::Exercise* exercise, Routine routine,
+              host::Shape shape) {
+  const std::string full =
+      name + "/" + std::to_string(shape.rows) + "x" + std::to_string(shape.columns);
+  benchmark::RegisterBenchmark(
+      full.c_str(), [=](benchmark::State& state) { Measure(state, exercise, routine, shape); });
+}
+
+std::vector<Competitor>& Competitors() {
+  static std::vector<Competitor> competitors;
+  return competitors;
+}
+
+}  // namespace vantrix::bench

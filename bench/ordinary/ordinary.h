@@ -1,0 +1,32 @@
+// Routines as one would write them without a thought of registers, for the compiler to
+// make the best of: what the kernels are measured against.
+#pragma once
+
+#include <span>
+
+#include "plugin/interface.h"
+
+namespace vantrix::bench {
+
+// The ordinary routine for a slot: the host's own, or one that does the same with less
+// ceremony where the host's, written for the eye alone, would make a poor opponent.
+using FindRoutine = Routine(SuiteIndex suite, uint16_t slot);
+extern "C" FindRoutine FindVectorised, FindUnvectorised;
+
+// Those in the place of the host's, in one list a suite.
+struct Ordinary {
+  uint16_t slot;
+  Routine routine;
+};
+template <class Signature>
+Ordinary Use(uint16_t slot, Signature* routine) {
+  return {slot, reinterpret_cast<Routine>(routine)};
+}
+std::span<const Ordinary> OrdinaryBlends();
+std::span<const Ordinary> OrdinaryConversions();
+std::span<const Ordinary> OrdinaryFilters();
+std::span<const Ordinary> OrdinaryPaths();
+std::span<const Ordinary> OrdinaryResampling();
+std::span<const Ordinary> OrdinarySelection();
+
+}  // namespace vantrix::bench
