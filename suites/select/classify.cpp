@@ -73,7 +73,7 @@ int32_t SelectClassify8(const uint8_t* data, int32_t rows, int32_t width, int32_
         FoldBlocks(row, width, into);
         into.Take(Load<V>(row + width - 16));
       },
-      [=](Fold<V> so_far) VX_INLINED { return lightAnywhere(so_far) && !lightThroughout(so_far); });
+      [=](Fold<V> soFar) VX_INLINED { return lightAnywhere(soFar) && !lightThroughout(soFar); });
   if (isMixed) return MaskClass::kMixed;
   if (AllSet(fold.any == 0)) return MaskClass::kEmpty;
   if (AllSet(fold.all == 255)) return MaskClass::kFull;
@@ -101,8 +101,8 @@ int32_t SelectClassify16(const uint16_t* data, int32_t rows, int32_t width, int3
         FoldBlocks(row + x, width - x, into);
         if ((width - x) % 8 != 0) into.Take(Load<V>(row + width - 8));
       },
-      [=](Fold<V> so_far)
-          VX_INLINED { return !AllSet(below(so_far.any)) && SetBytes(below(so_far.all)) != 0; });
+      [=](Fold<V> soFar)
+          VX_INLINED { return !AllSet(below(soFar.any)) && SetBytes(below(soFar.all)) != 0; });
   if (isMixed) return MaskClass::kMixed;
   if (AllSet(fold.any == 0)) return MaskClass::kEmpty;
   if (AllSet(fold.all == 0x8000)) return MaskClass::kFull;
