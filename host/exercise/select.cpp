@@ -61,18 +61,21 @@ void PropagateScene(Routine routine, Scene& scene) {
   Choices& choose = scene.Choose();
   // Often more rows than a register has lanes, for lines along them are walked so many at once.
   if (!scene.IsMeasured() && shape.rows > 0 && choose.OneIn(2)) shape.rows = choose.Between(7, 40);
-  const PlaneView priority = scene.Plane(shape, shape.columns * kSize, kSize);
-  const PlaneView value = scene.Twin(shape, shape.columns * kSize, kSize, priority);
+  // Entries side by side, or as far apart as those of interleaved planes.
+  const int32_t apart = scene.IsMeasured() || choose.OneIn(2) ? 1 : choose.Between(2, 4);
+  const int32_t columns = shape.columns * apart;
+  const PlaneView priority = scene.Plane(shape, columns * kSize, kSize);
+  const PlaneView value = scene.Twin(shape, columns * kSize, kSize, priority);
   // Low priorities, which run out, as often as any.
   const uint32_t low = scene.IsMeasured() ? 3 : choose.Below(3);
   for (int32_t y = 0; y < shape.rows && low > 0; ++y)
-    for (int32_t x = 0; x < shape.columns; ++x) {
+    for (int32_t x = 0; x < columns; ++x) {
       T& p = reinterpret_cast<T*>(priority.first + intptr_t{y} * priority.stride)[x];
       p = static_cast<T>(low == 1 ? p % 4 : low == 2 ? (p % 7 == 0 ? p % 11 : 0) : p % 16);
     }
   // Along columns or along rows, forwards or backwards. Entries of 8 bits count their steps,
   // entries of 16 bits count bytes; an odd number of bytes loses its lowest bit.
-  const int32_t rowStep = priority.stride, columnStep = kSize;
+  const int32_t rowStep = priority.stride, columnStep = kSize * apart;
   const bool isDown = scene.IsMeasured() || choose.OneIn(2),
              isBack = !scene.IsMeasured() && choose.OneIn(2);
   int32_t lineCount = isDown ? shape.columns : shape.rows;
