@@ -57,4 +57,22 @@ VX_INLINE ColumnSums SumColumns(const uint8_t* first, intptr_t stride, int32_t r
   return {both - (odd << 8), odd};
 }
 
+// The sums of eight pairs of neighbouring columns, over at most 128 rows.
+template <int kRows = 0, class Read>
+VX_INLINE Words8 SumPairs(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
+#if defined(__SSSE3__)
+  const Bytes16 ones = Fill<Bytes16>(1);
+  Words8 sums{};
+  const auto add = [&](int32_t k)
+                       VX_INLINED { sums += MixedProductSums(read(first + k * stride), ones); };
+  Repeat<kRows>(add);
+  if constexpr (kRows == 0)
+    for (int32_t k = 0; k < rows; ++k) add(k);
+  return sums;
+#else
+  const ColumnSums sums = SumColumns<kRows>(first, stride, rows, read);
+  return sums.even + sums.odd;
+#endif
+}
+
 }  // namespace vantrix

@@ -30,7 +30,10 @@ constexpr Kernel kKernels[] = {
     Horizontal<uint16_t>(13),
     InBothForms(18, []<class Form>(Form) { return Entry<SampleAtPositions1D8<Form>>; }),
     InBothForms(19, []<class Form>(Form) { return Entry<SampleAtPositions2D8<Form>>; }),
-    InBothForms(24, []<class Form>(Form) { return Entry<BoxAverageArea8<Form>>; }),
+    {.slot = 24,
+     .scalar = Entry<BoxAverageArea8<OneSample>>,
+     .sse2 = Entry<BoxAverageArea8<Sse2>>,
+     .ssse3 = Entry<BoxAverageArea8<Ssse3>>},
     Horizontal<float>(26),
     InBothForms(27, []<class Form>(Form) { return Entry<FilterResampleVertical32F<Form>>; }),
 };

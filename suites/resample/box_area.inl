@@ -1,0 +1,201 @@
+// The area average of box.h, for the units that instantiate it.
+#pragma once
+
+#include "suites/resample/average.h"
+#include "suites/resample/box.h"
+#include "suites/resample/computed_row.h"
+
+namespace vantrix {
+namespace {
+
+struct Blocks {
+  int32_t width, height;
+  intptr_t stride;
+  Average average;
+};
+
+// The block that starts here.
+VX_INLINE uint8_t AverageOne(const uint8_t* block, const Blocks& blocks) {
+  uint32_t sum = 0;
+  for (int32_t j = 0; j < blocks.height; ++j)
+    for (int32_t i = 0; i < blocks.width; ++i) sum += block[j * blocks.stride + i];
+  return blocks.average.Of(sum);
+}
+
+// A row of output, sample by sample.
+VX_INLINE void AverageOneByOne(const uint8_t* source, uint8_t* destination, int32_t columns,
+                               const Blocks& blocks) {
+  for (int32_t x = 0; x < columns; ++x)
+    destination[x] = AverageOne(source + intptr_t{x} * blocks.width, blocks);
+}
+
+// Blocks two samples wide as an operand, of at most 128 rows; kHeight of them, where that
+// is not 0.
+template <int kHeight>
+struct AveragedPairs {
+  const uint8_t* source;
+  const Blocks& blocks;
+
+  template <class Read>
+  VX_INLINE Words8 Averages(const uint8_t* first, Read read) const {
+    return blocks.average.Of(SumPairs<kHeight>(first, blocks.stride, blocks.height, read));
+  }
+  VX_INLINE Words8 Averages(intptr_t x) const {
+    return Averages(source + 2 * x,
+                    [](const uint8_t* row) VX_INLINED { return Load<Bytes16>(row); });
+  }
+
+  template <class V>
+  VX_INLINE V At(intptr_t x) const {
+    if constexpr (kIsOneSample<V>)
+      return V{AverageOne(source + 2 * x, blocks)};
+    else
+      return Narrow(Averages(x), Averages(x + 8));
+  }
+  template <class V, int kHalf>
+  VX_INLINE V Ends(intptr_t count) const {
+    if constexpr (kHalf == 8) {
+      return Narrow(Averages(0), Averages(count - 8));
+    } else {
+      const Words8 ends = Averages(source, [=](const uint8_t* row) VX_INLINED {
+        return LoadEnds<Bytes16, 2 * kHalf>(row, 2 * count);
+      });
+      return Narrow(ends, ends);
+    }
+  }
+  VX_INLINE void NextRow() {}
+};
+
+// Others sum the columns first, by stretches of what the sums' memory holds.
+constexpr int32_t kSumColumns = 2048;
+constexpr int32_t kMostBlockWidth = kSumColumns - 16;
+
+// Sums of `columns` columns, at least 16; or of pairs of columns.
+template <bool kInPairs, int kHeight>
+VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t columns,
+                               const Blocks& blocks) {
+  const auto read = [](const uint8_t* row) VX_INLINED { return Load<Bytes16>(row); };
+  int32_t x = 0;
+  do {
+    const int32_t at = x + 16 <= columns ? x : columns - 16;
+    if constexpr (kInPairs) {
+      Store(sums + at / 2, SumPairs<kHeight>(source + at, blocks.stride, blocks.height, read));
+    } else {
+      const ColumnSums block = SumColumns<kHeight>(source + at, blocks.stride, blocks.height, read);
+      Store(sums + at, InterleaveLow(block.even, block.odd));
+      Store(sums + at + 8, InterleaveHigh(block.even, block.odd));
+    }
+    x += 16;
+  } while (x < columns);
+}
+
+// Sums as an operand that averages each.
+struct AveragedSums {
+  const uint16_t* sums;
+  Average average;
+
+  template <class V>
+  VX_INLINE V At(intptr_t x) const {
+    if constexpr (kIsOneSample<V>)
+      return V{average.Of(uint32_t{sums[x]})};
+    else
+      return Narrow(average.Of(Load<Words8>(sums + x)), average.Of(Load<Words8>(sums + x + 8)));
+  }
+  template <class V, int kHalf>
+  VX_INLINE V Ends(intptr_t count) const {
+    const auto bytes = reinterpret_cast<const uint8_t*>(sums);
+    if constexpr (kHalf == 8) {
+      return Narrow(average.Of(Load<Words8>(sums)), average.Of(Load<Words8>(sums + count - 8)));
+    } else {
+      const Words8 ends = average.Of(LoadEnds<Words8, 2 * kHalf>(bytes, 2 * count));
+      return Narrow(ends, ends);
+    }
+  }
+  VX_INLINE void NextRow() {}
+};
+
+// Brings `group` neighbouring sums each together: kGroup of them, where that is not 0. In
+// place, as the new sums are no further on than the old ones.
+template <int kGroup>
+VX_INLINE void AddGroups(uint16_t* sums, int32_t count, int32_t group) {
+  if constexpr (kGroup > 0) group = kGroup;
+  const uint16_t* from = sums;
+  for (int32_t x = 0; x < count; ++x, from += group) {
+    uint32_t sum = 0;
+    const auto add = [&](int32_t i) VX_INLINED { sum += from[i]; };
+    if constexpr (kGroup > 0)
+      Repeat<kGroup>(add);
+    else
+      for (int32_t i = 0; i < group; ++i) add(i);
+    sums[x] = static_cast<uint16_t>(sum);
+  }
+}
+// The same of sums that are too large for 16 bits.
+VX_INLINE void AverageGroups(const uint16_t* sums, uint8_t* destination, int32_t count,
+                             int32_t group, Average average) {
+  for (int32_t x = 0; x < count; ++x) {
+    uint32_t sum = 0;
+    for (int32_t i = 0; i < group; ++i) sum += *sums++;
+    destination[x] = average.Of(sum);
+  }
+}
+
+// A row of output, by stretches. None is left that is shorter than a register.
+template <class Form>
+VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int32_t columns,
+                                const Blocks& blocks) {
+  alignas(16) uint16_t sums[kSumColumns];
+  const bool inPairs = blocks.width % 2 == 0 && blocks.height <= Average::kWordCount / 2;
+  const int32_t group = inPairs ? blocks.width / 2 : blocks.width;
+  for (int32_t x = 0, count; x < columns; x += count) {
+    const bool isLast = int64_t{columns - x} * blocks.width <= kSumColumns;
+    count = isLast ? columns - x : kMostBlockWidth / blocks.width;
+    const uint8_t* const from = source + intptr_t{x} * blocks.width;
+    WithConstant<2, 3, 4>(
+        blocks.height, [&]<int kHeight>(std::integral_constant<int, kHeight>) VX_INLINED {
+          if (inPairs)
+            StoreColumnSums<true, kHeight>(from, sums, count * blocks.width, blocks);
+          else
+            StoreColumnSums<false, kHeight>(from, sums, count * blocks.width, blocks);
+        });
+    if (blocks.width * blocks.height <= Average::kWordCount) {
+      if (group > 1)
+        WithConstant<2, 3>(group, [&]<int kGroup>(std::integral_constant<int, kGroup>)
+                                      VX_INLINED { AddGroups<kGroup>(sums, count, group); });
+      WriteRow<Form>(destination + x, count, AveragedSums{sums, blocks.average});
+    } else {
+      AverageGroups(sums, destination + x, count, group, blocks.average);
+    }
+  }
+}
+
+}  // namespace
+
+template <class Form>
+void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t outputRows,
+                     int32_t outputColumns, int32_t blockWidth, int32_t blockHeight,
+                     int32_t sourceStride, int32_t destinationStride) {
+  if (outputColumns < 1 || blockWidth < 1 || blockHeight < 1) return;
+  const Blocks blocks{blockWidth, blockHeight, sourceStride,
+                      Average(int64_t{blockWidth} * blockHeight)};
+  const bool byPairs =
+      Form::kBytes > 1 && blockWidth == 2 && blockHeight <= Average::kWordCount / 2;
+  const bool byColumns = Form::kBytes > 1 && blockWidth <= kMostBlockWidth &&
+                         blockHeight <= Average::kWordCount &&
+                         int64_t{outputColumns} * blockWidth >= 16;
+  for (; outputRows > 0; --outputRows) {
+    if (byPairs)
+      WithConstant<2>(
+          blockHeight, [&]<int kHeight>(std::integral_constant<int, kHeight>) VX_INLINED {
+            WriteRow<Form>(destination, outputColumns, AveragedPairs<kHeight>{source, blocks});
+          });
+    else if (byColumns)
+      AverageByColumns<Form>(source, destination, outputColumns, blocks);
+    else
+      AverageOneByOne(source, destination, outputColumns, blocks);
+    source += blockHeight * intptr_t{sourceStride};
+    destination += destinationStride;
+  }
+}
+
+}  // namespace vantrix

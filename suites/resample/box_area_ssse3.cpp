@@ -1,0 +1,7 @@
+#include "suites/resample/box_area.inl"
+
+namespace vantrix {
+
+template BoxAverageArea BoxAverageArea8<Ssse3>;
+
+}  // namespace vantrix
