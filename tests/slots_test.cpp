@@ -5,9 +5,17 @@
 
 #include <algorithm>
 
+#include "plugin/core.h"
 #include "plugin/install.h"
 #include "plugin/processor.h"
 #include "plugin/startup.h"
+#include "suites/blend/install.h"
+#include "suites/convert/install.h"
+#include "suites/filter/install.h"
+#include "suites/memory/install.h"
+#include "suites/paint/install.h"
+#include "suites/resample/install.h"
+#include "suites/select/install.h"
 #include "tests/fake_host.h"
 #include "tests/fake_system.h"
 
@@ -68,6 +76,19 @@ TEST(SlotsTest, ChangeAsTheFlagsSayEachOnItsOwn) {
   EXPECT_EQ(kBlendSSE.size() + kBlendSSE2.size(), 54u);
   EXPECT_EQ(kPaintSSE2.size(), 37u);
   for (int flags = 0; flags < 8; ++flags) ExpectSlots(flags & 1, flags & 2, flags & 4);
+}
+
+// Start-up hands on what the last of them answers.
+TEST(InstallersTest, AnswerOne) {
+  FakeHost host;
+  int16_t result;
+  const uint32_t control = _mm_getcsr();
+  ASSERT_EQ(Startup(host.Block(), &result, FakeSystem().Table()), 1);
+  _mm_setcsr(control);
+  for (auto* install : {InstallCoreRoutines, InstallBlendRoutines, InstallConvertRoutines,
+                        InstallDisplayRoutines, InstallFilterRoutines, InstallMemoryRoutines,
+                        InstallPaintRoutines, InstallResampleRoutines, InstallSelectRoutines})
+    EXPECT_EQ(install(host.Block()), 1);
 }
 
 template <int kBuild>
