@@ -46,7 +46,6 @@ template <class Form, class Rule, class... From>
 template <class Form, class Rule, class... From>
 VX_INLINE void BlendRowsAsIfCopied(int32_t rows, int32_t columns, Target to, Rule rule,
                                    From... from) {
-  if (rows < 1 || columns < 1) return;
   if (columns <= kCopiedSamples && (OverlapsInPart(from, to, rows, columns) || ...))
     return BlendCopiedRows<Form>(rows, columns, to, rule, from...);
   BlendRows<Form>(rows, columns, to, rule, from...);
