@@ -239,13 +239,15 @@ VX_INLINE void BlendRows(int32_t rows, int32_t columns, To to, Rule rule, From..
   };
   if constexpr (Form::kBytes > 1) {
     constexpr intptr_t kFewest = FewestInRegister<Rule>();
+    static_assert(kFewest >= 2, "two ends of one sample are two samples");
     if (count * kSize >= Form::kBytes) return inBlocks(std::integral_constant<int, Form::kBytes>{});
     if (Form::kBytes > 16 && count * kSize >= 16)
       return inBlocks(std::integral_constant<int, 16>{});
-    if (count >= kFewest && count * kSize >= 8) return asEnds(std::integral_constant<int, 8>{});
-    if (kFewest <= 4 && count * kSize >= 4) return asEnds(std::integral_constant<int, 4>{});
-    if constexpr (kSize < 2)
-      if (kFewest <= 2 && count >= 2) return asEnds(std::integral_constant<int, 2>{});
+    if (count >= kFewest) {
+      if (count * kSize >= 8) return asEnds(std::integral_constant<int, 8>{});
+      if (count * kSize >= 4) return asEnds(std::integral_constant<int, 4>{});
+      if constexpr (kSize == 1) return asEnds(std::integral_constant<int, 2>{});
+    }
   }
   inEachRow([=](auto... planes) VX_INLINED {
     for (intptr_t x = 0; x < count; ++x) ApplyAt<One>(x, rule, planes...);
