@@ -8,7 +8,6 @@
 #include "host/exercise/resample_filters.h"
 #include "suites/blend/signatures.h"
 #include "suites/filter/signatures.h"
-#include "suites/kernel_lists.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix::bench {
@@ -102,14 +101,11 @@ void AddFilters(std::vector<Case>& cases, uint16_t horizontal, uint16_t vertical
 
 std::vector<Case> Cases() {
   std::vector<Case> cases;
-  for (const auto& [suite, kernels] : KernelLists()) {
-    if (suite == kPath) continue;  // folds its input away: see fill_array.cpp
-    for (const Kernel& kernel : kernels) {
-      const host::Reference* const reference =
-          host::FindReference(host::Catalog()[suite], kernel.slot);
-      cases.push_back(
-          {suite, kernel.slot, "", reference->exercise, UsualShapes(suite, kernel.slot)});
-    }
+  for (const host::SuiteEntry& suite : host::Catalog()) {
+    if (suite.index == kPath) continue;  // folds its input away: see fill_array.cpp
+    for (const host::Reference& reference : suite.references)
+      cases.push_back({suite.index, reference.slot, "", reference.exercise,
+                       UsualShapes(suite.index, reference.slot)});
   }
   for (const uint16_t slot : std::initializer_list<uint16_t>{2, 7, 10, 22, 47, 50})
     cases.push_back({kBlend, slot, "disc", MaskedByDisc, kAllPlanes});

@@ -2,22 +2,16 @@
 // it with its vectoriser and without, and the competitors.
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 #include "bench/bench.h"
 #include "bench/ordinary/ordinary.h"
 #include "host/catalog.h"
 #include "host/services.h"
-#include "suites/kernel_lists.h"
+#include "plugin/instruction_sets.h"
+#include "suites/all_builds.h"
 
 namespace vantrix::bench {
 namespace {
-
-const Kernel* FindKernel(const Case& job) {
-  for (const auto& [suite, kernels] : KernelLists())
-    if (suite == job.suite) return vantrix::FindKernel(kernels, job.slot);
-  return nullptr;
-}
 
 // What is timed must first do the same.
 void RequireSame(const std::string& name, const Case& job, Routine expected, Routine actual) {
@@ -45,12 +39,14 @@ void RegisterCase(const Case& job) {
   const auto notBiggest = [](host::Shape shape) { return !IsBiggest(shape); };
   const auto wholePlanes = [](host::Shape shape) { return !IsShortRow(shape); };
 
-  ForEachBuild(*FindKernel(job), [&](const char* form, RoutineGetter getter) {
-    RequireSame(name + form, job, expected, getter());
-    if (std::strcmp(form, "scalar") == 0)
-      add(form, getter(), notBiggest);
+  ForEachBuild([&]<class Form>(SuiteIndex inSuite, const Build& build) {
+    if (inSuite != job.suite || build.slot != job.slot || !Form::RunsOn(instructionSets)) return;
+    const Routine routine = build.routine();
+    RequireSame(name + Form::kName, job, expected, routine);
+    if (Form::kBytes == 1)
+      add(Form::kName, routine, notBiggest);
     else
-      add(form, getter(), anyShape);
+      add(Form::kName, routine, anyShape);
   });
   const Routine vectorised = FindVectorised(job.suite, job.slot);
   const Routine unvectorised = FindUnvectorised(job.suite, job.slot);

@@ -47,6 +47,22 @@ inline constexpr int kLaneCount = sizeof(V) / sizeof(LaneOf<V>);
 template <class V>
 inline constexpr bool kIsOneSample = kLaneCount<V> == 1;
 
+// A register of a form, and one of V's size, seen as lanes of a type.
+template <class T, class Form>
+using Register = Lanes<T, Form::kBytes == 1 ? 1 : Form::kBytes / int{sizeof(T)}>;
+template <class V>
+using Bytes = Lanes<uint8_t, sizeof(V)>;
+template <class V>
+using Words = Lanes<uint16_t, sizeof(V) / 2>;
+template <class V>
+using Sums = Lanes<uint32_t, sizeof(V) / 4>;
+template <class V>
+using Ints = Lanes<int32_t, sizeof(V) / 4>;
+template <class V>
+using Quads = Lanes<uint64_t, sizeof(V) / 8>;
+template <class V>
+using Floats = Lanes<float, sizeof(V) / 4>;
+
 using Bytes16 = Lanes<uint8_t, 16>;
 using Words8 = Lanes<uint16_t, 8>;
 using Sums4 = Lanes<uint32_t, 4>;

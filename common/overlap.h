@@ -33,8 +33,8 @@ template <class Form, class Rule, class... From>
       rows,
       [&](Target target, auto... operands) VX_INLINED {
         [&]<size_t... kIndex>(std::index_sequence<kIndex...>) VX_INLINED {
-          BlendRows<OneSample>(1, columns, target, rule,
-                               CopyRow(operands, copies[kIndex], columns)...);
+          BlendRows<Scalar>(1, columns, target, rule,
+                            CopyRow(operands, copies[kIndex], columns)...);
         }(std::index_sequence_for<From...>{});
       },
       to, from...);

@@ -1,38 +1,20 @@
-// The builds of the kernels, and the one loop that installs them.
+// The one loop that installs the kernels.
 //
-// A suite's slot table says which slots are ours; its kernel list says which
-// builds of each routine exist. A slot whose gate is open gets the widest build
-// that the processor runs. A slot without a kernel is passed through.
+// A suite's slot table says which slots are ours, its kernel list which builds of each
+// routine exist. A slot whose gate is open gets the widest build that the processor runs. A
+// slot without a kernel is passed through.
 #pragma once
 
 #include <iterator>
-#include <span>
 #include <utility>
 
+#include "plugin/builds.h"
 #include "plugin/pass_through.h"
 #include "plugin/processor.h"
 #include "plugin/slots.h"
 #include "plugin/suites.h"
 
 namespace vantrix {
-
-// The builds of one routine, narrowest first: one sample at a time, then by the
-// instruction set that they need. All give the same results.
-using RoutineGetter = Routine (*)();
-struct Kernel {
-  uint16_t slot;
-  RoutineGetter scalar = nullptr;
-  RoutineGetter sse2 = nullptr;
-  RoutineGetter ssse3 = nullptr;
-  RoutineGetter sse41 = nullptr;
-};
-
-// A getter, because the address of a function seen as a plain Routine is not a
-// constant expression.
-template <auto& kFunction>
-Routine Entry() {
-  return reinterpret_cast<Routine>(&kFunction);
-}
 
 constexpr bool IsOpen(Gate gate, const ProcessorFeatures& has) {
   switch (gate) {
@@ -48,40 +30,36 @@ constexpr bool IsOpen(Gate gate, const ProcessorFeatures& has) {
   return false;
 }
 
-constexpr RoutineGetter WidestBuild(const Kernel& kernel, const ProcessorFeatures& has) {
-  if (kernel.sse41 && has.hasSSE41) return kernel.sse41;
-  if (kernel.ssse3 && has.hasSSSE3) return kernel.ssse3;
-  if (kernel.sse2 && has.hasSSE2) return kernel.sse2;
-  return kernel.scalar;
-}
-
-constexpr const Kernel* FindKernel(std::span<const Kernel> kernels, uint16_t slot) {
-  for (const Kernel& kernel : kernels)
-    if (kernel.slot == slot) return &kernel;
+constexpr RoutineGetter FindBuild(Builds builds, uint16_t slot) {
+  for (const Build& build : builds)
+    if (build.slot == slot) return build.routine;
   return nullptr;
 }
 
-// Whether exactly the slots that state a rule have a kernel.
-constexpr bool ServesWhatItSays(std::span<const Slot> slots, std::span<const Kernel> kernels) {
-  for (const Slot& slot : slots)
-    if (slot.IsServed() != (FindKernel(kernels, slot.index) != nullptr)) return false;
-  return true;
+// Kernels::In<Form>() is what a suite has in a form. Null where no form that runs has a
+// build.
+template <class Kernels>
+RoutineGetter WidestBuild(uint16_t slot, InstructionSets has) {
+  RoutineGetter widest = nullptr;
+  Forms::ForEach([&]<class Form>() {
+    if (!Form::RunsOn(has)) return;
+    if (const RoutineGetter found = FindBuild(Kernels::template In<Form>(), slot)) widest = found;
+  });
+  return widest;
 }
 
 // Writes the routines of all slots whose gates are open, in the table's order,
 // so that of two lines for one slot the later wins.
-template <auto& kSuite, auto& kSlots, auto& kKernels>
-void Install(const ProcessorFeatures& has) {
-  static_assert(ServesWhatItSays(kSlots, kKernels));
-  const auto write = [&](const Slot& slot, const Kernel* kernel, RoutineGetter host) {
+template <auto& kSuite, auto& kSlots, class Kernels>
+void Install(const ProcessorFeatures& has, InstructionSets runs) {
+  const auto write = [&](const Slot& slot, RoutineGetter passThrough) {
     if (!IsOpen(slot.gate, has)) return;
-    const RoutineGetter own = kernel ? WidestBuild(*kernel, has) : nullptr;
-    kSuite.live[slot.index] = own ? own() : host();
+    const RoutineGetter own =
+        slot.IsServed() ? WidestBuild<Kernels>(slot.index, runs) : passThrough;
+    kSuite.live[slot.index] = (own ? own : passThrough)();
   };
   [&]<size_t... kLine>(std::index_sequence<kLine...>) {
-    (write(kSlots[kLine], FindKernel(kKernels, kSlots[kLine].index),
-           Entry<PassThrough<kSuite, kSlots[kLine].index>>),
-     ...);
+    (write(kSlots[kLine], Entry<PassThrough<kSuite, kSlots[kLine].index>>), ...);
   }(std::make_index_sequence<std::size(kSlots)>{});
 }
 

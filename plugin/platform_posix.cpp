@@ -21,9 +21,7 @@ CpuidWords Cpuid(uint32_t leaf, uint32_t subLeaf) {
 bool ExecutesSSE() {
   constexpr uint32_t kHasControlRegister = 1u << 27;
   if (!(Cpuid(1, 0).ecx & kHasControlRegister)) return true;
-  uint32_t low, high;
-  asm volatile("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
-  return low >> 1 & 1;
+  return ReadEnabledState() >> 1 & 1;
 }
 
 // There is no such query here, so the processor count stands for both counts.
@@ -42,16 +40,9 @@ void CloseRegistryKey(RegistryKey) {}
 }  // namespace
 
 const System kThisSystem = {
-    Cpuid,
-    ExecutesSSE,
-    LogicalProcessorInformation,
-    LastError,
-    ProcessorCount,
-    std::malloc,
-    std::free,
-    OpenRegistryKey,
-    QueryRegistryWord,
-    CloseRegistryKey,
+    Cpuid,           ReadEnabledState,  ExecutesSSE,      LogicalProcessorInformation,
+    LastError,       ProcessorCount,    std::malloc,      std::free,
+    OpenRegistryKey, QueryRegistryWord, CloseRegistryKey,
 };
 
 }  // namespace vantrix

@@ -67,16 +67,9 @@ void CloseRegistryKey(RegistryKey key) { RegCloseKey(static_cast<HKEY>(key)); }
 }  // namespace
 
 const System kThisSystem = {
-    Cpuid,
-    ExecutesSSE,
-    LogicalProcessorInformation,
-    LastError,
-    ProcessorCount,
-    std::malloc,
-    std::free,
-    OpenRegistryKey,
-    QueryRegistryWord,
-    CloseRegistryKey,
+    Cpuid,           ReadEnabledState,  ExecutesSSE,      LogicalProcessorInformation,
+    LastError,       ProcessorCount,    std::malloc,      std::free,
+    OpenRegistryKey, QueryRegistryWord, CloseRegistryKey,
 };
 
 }  // namespace vantrix

@@ -4,16 +4,9 @@
 
 #include "common/tables.h"
 #include "plugin/core.h"
-#include "plugin/processor.h"
+#include "plugin/instruction_sets.h"
 #include "plugin/suites.h"
-#include "suites/blend/install.h"
-#include "suites/convert/install.h"
-#include "suites/filter/install.h"
-#include "suites/memory/install.h"
-#include "suites/paint/install.h"
-#include "suites/path/install.h"
-#include "suites/resample/install.h"
-#include "suites/select/install.h"
+#include "suites/install.h"
 
 namespace vantrix {
 namespace {
@@ -31,6 +24,7 @@ constexpr Installer* kInstallers[] = {
 
 int32_t Startup(const SuiteParameterBlock* block, int16_t* result, const System& system) {
   processorFeatures = DetectFeatures(system);
+  instructionSets = DetectInstructionSets(system, processorFeatures);
   *result = AcquireSuites(block);
   if (*result != 0) return *result;
   BuildSharedTables();

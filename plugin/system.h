@@ -27,6 +27,10 @@ using RegistryKey = void*;
 struct System {
   CpuidWords (*cpuid)(uint32_t leaf, uint32_t subLeaf);
 
+  // Which registers the system saves, a bit a kind (XCR0). Only where bit 27 of leaf 1 ECX
+  // is set: elsewhere the instruction faults.
+  uint64_t (*enabledState)();
+
   // Whether an SSE instruction executes without a fault.
   bool (*executesSSE)();
 
@@ -42,6 +46,9 @@ struct System {
   bool (*queryRegistryWord)(RegistryKey key, const char* name, uint32_t* value);
   void (*closeRegistryKey)(RegistryKey key);
 };
+
+// The enabled state as the processor itself tells it, on any system.
+uint64_t ReadEnabledState();
 
 // The machine that the plug-in runs on.
 extern const System kThisSystem;

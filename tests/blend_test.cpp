@@ -84,7 +84,7 @@ Samples MaskFirstOnPairs(Routine routine, const Pairs& pairs, uint8_t color) {
   return d;
 }
 
-OnPairs* OnPairsOf(const Build& build) {
+OnPairs* OnPairsOf(const TestedBuild& build) {
   const struct {
     host::Exercise* exercise;
     OnPairs* onPairs;
@@ -107,16 +107,17 @@ OnPairs* OnPairsOf(const Build& build) {
   return nullptr;
 }
 
-std::vector<Build> BlendBuilds(std::initializer_list<int> slots = {}) {
+std::vector<TestedBuild> BlendBuilds(std::initializer_list<int> slots = {}) {
   BuildSharedTables();
-  std::vector<Build> builds;
-  for (const Build& build : BuildsOf({kBlend, BlendKernels()}))
-    if (build.runsHere && (slots.size() == 0 || std::count(slots.begin(), slots.end(), build.slot)))
+  std::vector<TestedBuild> builds;
+  for (const TestedBuild& build : AllBuilds())
+    if (build.suite == kBlend && build.runsHere &&
+        (slots.size() == 0 || std::count(slots.begin(), slots.end(), build.slot)))
       builds.push_back(build);
   return builds;
 }
 
-class BlendTest : public ::testing::TestWithParam<Build> {};
+class BlendTest : public ::testing::TestWithParam<TestedBuild> {};
 
 TEST_P(BlendTest, EqualsTheReferenceForAllPairsAndAllWeights) {
   OnPairs* const onPairs = OnPairsOf(GetParam());
@@ -147,7 +148,7 @@ uint8_t PlaneSample(Routine routine, uint8_t s, uint8_t d) {
 
 // Values worked out by hand, so that reference and kernel cannot share a mistake.
 TEST(BlendValuesTest, AreThoseWorkedOutByHand) {
-  for (const Build& b : BlendBuilds()) {
+  for (const TestedBuild& b : BlendBuilds()) {
     SCOPED_TRACE(NameOf(b));
     switch (b.slot) {
       case 2:
@@ -203,7 +204,7 @@ TEST(ThresholdTest, WritesNoUnselectedSampleOutsideItsBlocks) {
   uint8_t* const d = arena.Region(0);
   arena.SetWritable(0, host::Arena::kPage, false);
   const Samples source(64, 9), below(64, 127), one(64, 1);
-  for (const Build& b : BlendBuilds({30, 31, 106})) {
+  for (const TestedBuild& b : BlendBuilds({30, 31, 106})) {
     for (int offset = 0; offset < 16; ++offset) {
       const int head = -offset & 15;
       for (int columns = 1; columns < head + 16; ++columns) {
@@ -219,7 +220,7 @@ TEST(ThresholdTest, WritesNoUnselectedSampleOutsideItsBlocks) {
   }
 }
 
-class ChangedBlocksTest : public ::testing::TestWithParam<Build> {
+class ChangedBlocksTest : public ::testing::TestWithParam<TestedBuild> {
  protected:
   // A source sample that changes nothing, and one that does.
   uint8_t Same() const { return GetParam().slot == 28 ? 0 : 255; }
@@ -272,7 +273,7 @@ INSTANTIATE_TEST_SUITE_P(LightenDarken, ChangedBlocksTest,
 TEST(DivisionTest, LeavesTheControlRegisterAsItWas) {
   const uint32_t entry = _mm_getcsr();
   const Pairs pairs;
-  for (const Build& b : BlendBuilds({66, 96})) {
+  for (const TestedBuild& b : BlendBuilds({66, 96})) {
     OnPairs* const onPairs = OnPairsOf(b);
     const Samples expected = onPairs(ReferenceOf(b)->routine, pairs, 0);
     for (uint32_t mode = 0; mode < 4; ++mode) {

@@ -3,56 +3,62 @@
 
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "host/catalog.h"
-#include "suites/kernel_lists.h"
+#include "plugin/instruction_sets.h"
+#include "plugin/suites.h"
+#include "plugin/system.h"
+#include "suites/all_builds.h"
 
 namespace vantrix {
 
-struct Build {
+struct TestedBuild {
   SuiteIndex suite;
   uint16_t slot;
   const char* form;
+  int bytes;  // of the form's registers
   Routine routine;
   bool runsHere;  // on this processor
 };
 
-inline void PrintTo(const Build& build, std::ostream* stream) {
+inline void PrintTo(const TestedBuild& build, std::ostream* stream) {
   *stream << host::Catalog()[build.suite].name << ' ' << build.slot << ' ' << build.form;
 }
 
 // A name as GoogleTest takes it.
-inline std::string NameOf(const Build& build) {
+inline std::string NameOf(const TestedBuild& build) {
   return std::string(host::Catalog()[build.suite].name) + '_' + std::to_string(build.slot) + '_' +
          build.form;
 }
 
-inline const host::Reference* ReferenceOf(const Build& build) {
+inline const host::Reference* ReferenceOf(const TestedBuild& build) {
   return host::FindReference(host::Catalog()[build.suite], build.slot);
 }
 
-inline bool RunsHere(std::string_view form) {
-  if (form == "SSSE3") return __builtin_cpu_supports("ssse3");
-  if (form == "SSE41") return __builtin_cpu_supports("sse4.1");
-  return true;
+// What this processor runs.
+inline InstructionSets InstructionSetsHere() {
+  return DetectInstructionSets(kThisSystem, DetectFeatures(kThisSystem));
 }
 
-inline std::vector<Build> BuildsOf(const KernelList& list) {
-  std::vector<Build> builds;
-  for (const Kernel& kernel : list.kernels)
-    ForEachBuild(kernel, [&](const char* form, RoutineGetter getter) {
-      builds.push_back({list.suite, kernel.slot, form, getter(), RunsHere(form)});
-    });
+inline std::vector<TestedBuild> AllBuilds() {
+  std::vector<TestedBuild> builds;
+  const InstructionSets here = InstructionSetsHere();
+  ForEachBuild([&]<class Form>(SuiteIndex suite, const Build& build) {
+    builds.push_back(
+        {suite, build.slot, Form::kName, Form::kBytes, build.routine(), Form::RunsOn(here)});
+  });
   return builds;
 }
 
-inline std::vector<Build> AllBuilds() {
-  std::vector<Build> builds;
-  for (const KernelList& list : KernelLists())
-    for (const Build& build : BuildsOf(list)) builds.push_back(build);
-  return builds;
+// Those of one slot that run here.
+template <class Signature>
+std::vector<Signature*> BuildsOf(SuiteIndex suite, uint16_t slot) {
+  std::vector<Signature*> routines;
+  for (const TestedBuild& build : AllBuilds())
+    if (build.suite == suite && build.slot == slot && build.runsHere)
+      routines.push_back(Call<Signature>(build.routine));
+  return routines;
 }
 
 }  // namespace vantrix

@@ -6,6 +6,7 @@
 
 #include "plugin/suites.h"
 #include "suites/convert/conversions.h"
+#include "tests/builds.h"
 #include "tests/fake_host.h"
 
 namespace vantrix {
@@ -20,7 +21,7 @@ std::vector<uint16_t> AllWords() {
 }
 
 TEST(RescaleTest, RoundsEverySampleOfBothPairs) {
-  for (RescaleWordsRoutine* rescale : {RescaleWords<OneSample>, RescaleWords<Sse2>}) {
+  for (RescaleWordsRoutine* rescale : BuildsOf<RescaleWordsRoutine>(kConvert, 19)) {
     auto words = AllWords();
     EXPECT_EQ(rescale(words.data(), 0xFFFF, 0x8000, 1, kAll, 0), 0u);
     for (int v = 0; v < kAll; ++v)
@@ -38,7 +39,7 @@ TEST(RescaleTest, RoundsEverySampleOfBothPairs) {
 TEST(ExpandTest, RoundsEverySample) {
   std::vector<uint8_t> bytes(256);
   for (size_t i = 0; i < 256; ++i) bytes[i] = static_cast<uint8_t>(i);
-  for (Expand8To16Routine* expand : {Expand8To16<OneSample>, Expand8To16<Sse2>}) {
+  for (Expand8To16Routine* expand : BuildsOf<Expand8To16Routine>(kConvert, 18)) {
     std::vector<uint16_t> words(256);
     expand(bytes.data(), words.data(), 1, 256, 256, 512);
     for (int v = 0; v < 256; ++v)
@@ -63,7 +64,7 @@ uint64_t HostRescale(uint16_t* samples, uint32_t from, uint32_t to, int32_t rows
 TEST(RescaleTest, HandsOtherPairsToTheHostAsTheyCame) {
   convertSuite.saved[19] = AsRoutine(HostRescale);
   uint16_t word = 5;
-  for (RescaleWordsRoutine* rescale : {RescaleWords<OneSample>, RescaleWords<Sse2>}) {
+  for (RescaleWordsRoutine* rescale : BuildsOf<RescaleWordsRoutine>(kConvert, 19)) {
     for (const auto& [from, to] : {std::pair{0xFFFFu, 0xFFFFu},
                                    {0x8000u, 0x8000u},
                                    {0xFFu, 0x8000u},

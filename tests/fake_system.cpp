@@ -35,6 +35,11 @@ void* Allocate(size_t bytes) {
 
 const System kTable = {
     .cpuid = Cpuid,
+    .enabledState =
+        [] {
+          ++fake->enabledStateReads;
+          return fake->enabledState;
+        },
     .executesSSE = [] { return fake->executesSSE; },
     .logicalProcessorInformation = LogicalProcessorInformation,
     .lastError =

@@ -14,6 +14,7 @@ struct FakeSystem {
   // Leaves by number; a missing one reads as zeros.
   std::map<uint32_t, CpuidWords> leaves;
   bool executesSSE = true;
+  uint64_t enabledState = 0;
 
   // What the count call tells, and where it goes wrong.
   std::vector<ProcessorRelation> relations;
@@ -25,7 +26,7 @@ struct FakeSystem {
   bool hasKey = true, hasValue = true;
   uint32_t megahertz = 2600;
 
-  int cpuidCalls = 0, allocations = 0, releases = 0, opened = 0, closed = 0;
+  int cpuidCalls = 0, enabledStateReads = 0, allocations = 0, releases = 0, opened = 0, closed = 0;
   std::string openedPath, queriedName;
 
   // The table that speaks for the FakeSystem made last.

@@ -15,7 +15,7 @@ namespace vantrix {
 namespace {
 
 std::string CompareWellFormed(host::Choices choose) {
-  static Routine memory[] = {AsRoutine(CopyBytesSSE2)};
+  static Routine memory[] = {AsRoutine(CopyBytes<Sse2>)};
   static host::Arena arena;
   memorySuite.live = memory;
   const host::Reference& reference = host::PathReferences()[0];

@@ -14,6 +14,7 @@
 #include "suites/filter/differences.h"
 #include "suites/filter/float_blocks.h"
 #include "suites/filter/root.h"
+#include "tests/builds.h"
 #include "tests/fake_host.h"
 
 namespace vantrix {
@@ -43,8 +44,7 @@ int64_t Poll() { return 1000 + ++polls; }
 TEST(DeviationTest, HasTheKnownValuesAndReturnsThePoll) {
   static Routine live[17] = {AsRoutine(Poll)};
   coreSuite.live = live;
-  for (DeviationRoutine* deviate :
-       {FilterLocalDeviation8<OneSample>, FilterLocalDeviation8<Sse2>}) {
+  for (DeviationRoutine* deviate : BuildsOf<DeviationRoutine>(kFilter, 12)) {
     for (const auto& [highs, expected] : {std::pair{0, 0}, {1, 157}, {4, 248}, {5, 248}, {9, 0}}) {
       // The same neighbourhood at every third column.
       std::vector<uint8_t> source(3 * 32), destination(30);
@@ -69,9 +69,7 @@ std::vector<uint8_t> KernelOf(int32_t radius, const std::vector<uint32_t>& weigh
 }
 
 TEST(ConvolveTest, HasTheKnownValuesInPlanesOfAnyWidth) {
-  std::vector<ConvolveRoutine*> forms = {FilterConvolveVertical8<OneSample>,
-                                         FilterConvolveVertical8<Sse2>};
-  if (__builtin_cpu_supports("ssse3")) forms.push_back(FilterConvolveVertical8<Ssse3>);
+  const auto forms = BuildsOf<ConvolveRoutine>(kFilter, 28);
   const struct {
     std::vector<uint32_t> weights;
     uint8_t expected;  // of rows 0, 255, 0, or of 255 alone
@@ -105,13 +103,12 @@ TEST(DifferencesTest, HaveTheKnownSums) {
   alignas(16) uint8_t a[128], b[128], direction[128];
   const auto fill = [](uint8_t(&block)[128], int value) { std::memset(block, value, 128); };
   fill(a, 0), fill(b, 255);
-  for (BlockSADRoutine* sum : {FilterBlockSAD128<OneSample>, FilterBlockSAD128<Sse2>}) {
+  for (BlockSADRoutine* sum : BuildsOf<BlockSADRoutine>(kFilter, 188)) {
     EXPECT_EQ(sum(a, b), 32640u);
     EXPECT_EQ(sum(a, a), 0u);
   }
   fill(a, 10), fill(b, 4);
-  for (BlockSignedSADRoutine* sum :
-       {FilterBlockSignedSAD128<OneSample>, FilterBlockSignedSAD128<Sse2>}) {
+  for (BlockSignedSADRoutine* sum : BuildsOf<BlockSignedSADRoutine>(kFilter, 189)) {
     fill(direction, 0);
     EXPECT_EQ(sum(a, b, direction), 768u);
     EXPECT_EQ(sum(b, a, direction), 0u);
@@ -128,7 +125,7 @@ TEST(FloatBlockTest, AddsTermsFromTheFirstOn) {
   std::vector<float> input(8), output(4), matrix(32, 1.0f);
   input = {1, 1e8f, 1, -1e8f, 3, 0, 0, 0};
   matrix[8] = 0;  // phase 1 lacks the first term
-  for (FloatBlockRoutine* filter : {FilterFloatBlock8<OneSample>, FilterFloatBlock8<Sse2>}) {
+  for (FloatBlockRoutine* filter : BuildsOf<FloatBlockRoutine>(kFilter, 191)) {
     filter(input.data(), 8, matrix.data(), 0, 0, output.data());
     EXPECT_EQ(output[0], 3);
     EXPECT_EQ(output[1], 3);
@@ -161,9 +158,9 @@ TEST(FloatBlockTest, HandsTheRestToTheHost) {
   std::vector<float> input(200), matrix(80), output(200);
   const struct {
     uint32_t span;
-    FloatBlockRoutine* forms[2];
-  } filters[] = {{16, {FilterFloatBlock16<OneSample>, FilterFloatBlock16<Sse2>}},
-                 {20, {FilterFloatBlock20<OneSample>, FilterFloatBlock20<Sse2>}}};
+    std::vector<FloatBlockRoutine*> forms;
+  } filters[] = {{16, BuildsOf<FloatBlockRoutine>(kFilter, 193)},
+                 {20, BuildsOf<FloatBlockRoutine>(kFilter, 194)}};
   for (const auto& filter : filters) {
     for (FloatBlockRoutine* form : filter.forms) {
       for (uint32_t count = 0; count <= 5 * filter.span; ++count) {

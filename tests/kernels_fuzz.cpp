@@ -9,12 +9,12 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
   using namespace vantrix;
-  static const std::vector<Build> builds = AllBuilds();
+  static const std::vector<TestedBuild> builds = AllBuilds();
   static host::Arena arena;
   StartedTables();
 
   host::Choices choose(std::span(bytes, size));
-  const Build& build = builds[choose.Below(static_cast<uint32_t>(builds.size()))];
+  const TestedBuild& build = builds[choose.Below(static_cast<uint32_t>(builds.size()))];
   if (!build.runsHere) return 0;
   const host::Reference* const reference = ReferenceOf(build);
   const std::string difference = host::CompareRoutines(reference->exercise, reference->routine,

@@ -7,7 +7,7 @@
 namespace vantrix {
 namespace {
 
-class KernelsTest : public ::testing::TestWithParam<Build> {
+class KernelsTest : public ::testing::TestWithParam<TestedBuild> {
  protected:
   KernelsTest() : reference_(ReferenceOf(GetParam())) { StartedTables(); }
   void SetUp() override {
@@ -43,13 +43,13 @@ INSTANTIATE_TEST_SUITE_P(AllBuilds, KernelsTest, ::testing::ValuesIn(AllBuilds()
 
 TEST(InstalledTest, StandInTheTablesInTheirWidestBuildWhereTheirGateIsOpen) {
   const host::Tables& tables = StartedTables();
-  const std::vector<Build> builds = AllBuilds();
-  for (const Build& build : builds) {
+  const std::vector<TestedBuild> builds = AllBuilds();
+  for (const TestedBuild& build : builds) {
     bool isOpen = false;
     for (const Slot& slot : host::Catalog()[build.suite].slots)
       isOpen |= slot.index == build.slot && host::ProcessorOpens(slot.gate);
     Routine expected = tables.Default(build.suite, build.slot);
-    for (const Build& other : builds)
+    for (const TestedBuild& other : builds)
       if (isOpen && other.suite == build.suite && other.slot == build.slot && other.runsHere)
         expected = other.routine;
     EXPECT_EQ(tables.Live(build.suite, build.slot), expected) << NameOf(build);

@@ -9,6 +9,7 @@
 #include "suites/memory/copy.h"
 #include "suites/memory/equal.h"
 #include "suites/memory/fill.h"
+#include "tests/builds.h"
 
 namespace vantrix {
 namespace {
@@ -104,7 +105,7 @@ TEST(RectTest, EndsAtTheFirstRowThatFails) {
 }
 
 TEST(CopyTest, MovesOverlappingBytesAtEveryDistance) {
-  for (CopyBytesRoutine* copy : {CopyBytesSSE2, CopyBytesSSSE3}) {
+  for (CopyBytesRoutine* copy : BuildsOf<CopyBytesRoutine>(kMemory, 0)) {
     for (int32_t bytes : {1, 2, 3, 7, 8, 15, 16, 17, 32, 33, 64, 65, 127, 128, 129, 200, 400}) {
       for (int32_t apart = -300; apart <= 300; apart += bytes > 130 ? 7 : 1) {
         std::vector<uint8_t> memory(1200);
@@ -119,14 +120,16 @@ TEST(CopyTest, MovesOverlappingBytesAtEveryDistance) {
 }
 
 TEST(EqualTest, FindsADifferenceAtEveryPlace) {
-  for (int32_t bytes = 0; bytes <= 200; ++bytes) {
-    std::vector<uint8_t> memory(static_cast<size_t>(bytes) + 2, 7);
-    memory.front() = memory.back() = 8;  // just outside
-    ASSERT_EQ(BytesAllEqual(&memory[1], bytes, 0xABC07), 1u) << bytes;
-    for (int32_t at = 0; at < bytes; ++at) {
-      memory[static_cast<size_t>(at) + 1] ^= 0x80;
-      ASSERT_EQ(BytesAllEqual(&memory[1], bytes, 7), 0u) << bytes << " at " << at;
-      memory[static_cast<size_t>(at) + 1] ^= 0x80;
+  for (BytesAllEqualRoutine* isEqual : BuildsOf<BytesAllEqualRoutine>(kMemory, 17)) {
+    for (int32_t bytes = 0; bytes <= 700; bytes += bytes < 200 ? 1 : 7) {
+      std::vector<uint8_t> memory(static_cast<size_t>(bytes) + 2, 7);
+      memory.front() = memory.back() = 8;  // just outside
+      ASSERT_EQ(isEqual(&memory[1], bytes, 0xABC07), 1u) << bytes;
+      for (int32_t at = 0; at < bytes; ++at) {
+        memory[static_cast<size_t>(at) + 1] ^= 0x80;
+        ASSERT_EQ(isEqual(&memory[1], bytes, 7), 0u) << bytes << " at " << at;
+        memory[static_cast<size_t>(at) + 1] ^= 0x80;
+      }
     }
   }
 }

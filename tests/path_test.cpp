@@ -8,10 +8,10 @@
 #include "host/fill_array.h"
 #include "host/reference/reference.h"
 #include "plugin/suites.h"
+#include "suites/install.h"
 #include "suites/memory/copy.h"
 #include "suites/path/debug.h"
 #include "suites/path/fill_array.h"
-#include "suites/path/install.h"
 #include "suites/path/sort.h"
 #include "tests/fake_host.h"
 #include "tests/path_model.h"
@@ -110,7 +110,7 @@ using Spans = std::vector<uint32_t>;
 
 Spans Fold(const Spans& settled, const std::vector<Crossing>& pending, uint32_t operation,
            bool byWinding) {
-  static Routine memory[] = {AsRoutine(CopyBytesSSE2)};
+  static Routine memory[] = {AsRoutine(CopyBytes<Sse2>)};
   memorySuite.live = memory;
   Spans results[2];
   for (FillArrayRoutine* fold : {ApplyFillArrayOperation, ApplyFillArrayOperationChecked}) {
@@ -159,7 +159,7 @@ TEST(FillArrayTest, CombinesWithWhatTheRowHeld) {
 }
 
 TEST(FillArrayTest, EqualsTheReferenceInTheCheckedForm) {
-  static Routine memory[] = {AsRoutine(CopyBytesSSE2)};
+  static Routine memory[] = {AsRoutine(CopyBytes<Sse2>)};
   memorySuite.live = memory;
   host::Arena arena;
   const host::Reference& reference = host::PathReferences()[0];

@@ -44,7 +44,7 @@ TEST(AverageTest, IsTheSameInLanesForEverySum) {
 
 // A filter and its reference over planes and lists that fill their memory to its
 // inaccessible end, or from its inaccessible beginning.
-class FilterTest : public ::testing::TestWithParam<Build> {
+class FilterTest : public ::testing::TestWithParam<TestedBuild> {
  protected:
   template <class T>
   T* Take(int region, int32_t count) const {
@@ -113,10 +113,10 @@ TEST_P(FilterTest, EqualsTheReferenceForEveryTapCountAndWidth) {
       }
 }
 
-std::vector<Build> FilterBuilds() {
+std::vector<TestedBuild> FilterBuilds() {
   constexpr uint16_t kSlots[] = {5, 6, 13, 26, 27};
-  std::vector<Build> filters;
-  for (const Build& build : AllBuilds())
+  std::vector<TestedBuild> filters;
+  for (const TestedBuild& build : AllBuilds())
     if (build.suite == kResample && std::ranges::count(kSlots, build.slot) > 0)
       filters.push_back(build);
   return filters;
@@ -149,15 +149,14 @@ TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   const uint8_t phases[3] = {};
   // The row after the named one; of a stride in bytes the whole samples count.
   for (const int32_t taps : {0, 1, 0x70001}) {
-    for (auto* const filter : {FilterResampleVertical8<OneSample>, FilterResampleVertical8<Sse2>}) {
+    for (auto* const filter : BuildsOf<FilterVertical<uint8_t>>(kResample, 6)) {
       calls.clear();
       filter(bytes, out, 3, 7, offsets, phases, 9, -11, taps, nullptr);
       EXPECT_EQ(calls, (std::vector<MemoryCall>{{bytes + 18, out, 7, 0},
                                                 {bytes, out - 11, 7, 0},
                                                 {bytes + 9, out - 22, 7, 0}}));
     }
-    for (auto* const filter :
-         {FilterResampleVertical32F<OneSample>, FilterResampleVertical32F<Sse2>}) {
+    for (auto* const filter : BuildsOf<FilterVertical<float>>(kResample, 27)) {
       calls.clear();
       filter(plane, target, 2, 7, offsets, phases, 43, 39, taps, nullptr);
       EXPECT_EQ(calls,
@@ -165,7 +164,8 @@ TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
     }
   }
   calls.clear();
-  FilterResampleVertical32F<Sse2>(plane, target, 1, INT_MAX, &offsets[1], phases, 4, 4, 1, nullptr);
+  BuildsOf<FilterVertical<float>>(kResample, 27)[0](plane, target, 1, INT_MAX, &offsets[1], phases,
+                                                    4, 4, 1, nullptr);
   int64_t copied = 0;
   for (const MemoryCall& call : calls) {
     EXPECT_EQ(reinterpret_cast<intptr_t>(call.source), reinterpret_cast<intptr_t>(bytes) + copied);
@@ -207,7 +207,7 @@ TEST(PositionsTest, TakeInWhatIsInside) {
   BuildSharedTables();
   // 20 + 230 x 128 / 255 = 135.45; a position's 128 is half of a 255th, and comes up.
   const Samples linear = {0, 0, 10, 15, 15, 0, 0, 0, 10, 10, 10, 135, 250, 0};
-  for (auto* const sample : {SampleAtPositions1D8<OneSample>, SampleAtPositions1D8<Sse2>}) {
+  for (auto* const sample : BuildsOf<SampleAtPositions1D>(kResample, 18)) {
     for (const int32_t mode : {0, 1, 0x10000, 0x8000}) {
       Samples result(std::size(positions));
       sample(source.data(), result.data(), static_cast<int32_t>(result.size()), 3, positions, mode);
@@ -219,7 +219,7 @@ TEST(PositionsTest, TakeInWhatIsInside) {
 TEST(KnownValuesTest, AreAsWorkedOutByHand) {
   const Samples source = {1, 1, 0, 2, 2, 2, 10, 20};
   const int32_t counts[] = {3, 0, 3, 1, -1, 2};
-  for (auto* const average : {BoxAverageRows8<OneSample>, BoxAverageRows8<Sse2>}) {
+  for (auto* const average : BuildsOf<BoxAverageRows>(kResample, 3)) {
     Samples result(6, 77);
     average(source.data(), result.data(), 6, 1, counts, 1, 1);
     EXPECT_EQ(result, (Samples{0, 77, 2, 10, 1, 15}));
@@ -236,9 +236,12 @@ TEST(KnownValuesTest, AreAsWorkedOutByHand) {
     filter(row.data(), result.data(), 1, 3, offsets, phases, 0, 0, 2, weights);
     EXPECT_EQ(result, expected);
   };
-  expect(FilterHorizontalOneByOne<uint8_t>, uint8_t{100}, uint8_t{201}, {151, 255, 0});
-  expect(FilterHorizontalOneByOne<uint16_t>, uint16_t{20000}, uint16_t{12768}, {16384, 32768, 0});
-  expect(FilterHorizontalOneByOne<float>, 1.0f, 2.0f, {1.5f, 3.0f, -1.0f});
+  for (auto* filter : BuildsOf<FilterHorizontal<uint8_t>>(kResample, 5))
+    expect(filter, uint8_t{100}, uint8_t{201}, {151, 255, 0});
+  for (auto* filter : BuildsOf<FilterHorizontal<uint16_t>>(kResample, 13))
+    expect(filter, uint16_t{20000}, uint16_t{12768}, {16384, 32768, 0});
+  for (auto* filter : BuildsOf<FilterHorizontal<float>>(kResample, 26))
+    expect(filter, 1.0f, 2.0f, {1.5f, 3.0f, -1.0f});
 }
 
 }  // namespace

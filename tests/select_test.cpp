@@ -8,6 +8,7 @@
 #include "suites/select/classify.h"
 #include "suites/select/marks.h"
 #include "suites/select/propagate.h"
+#include "tests/builds.h"
 #include "tests/fake_host.h"
 
 namespace vantrix {
@@ -34,17 +35,21 @@ TEST(ClassifyTest, HandsNarrowMasksToTheHost) {
   selectSuite.saved[75] = AsRoutine(HostClassify16);
   alignas(16) const uint8_t bytes[64] = {};
   alignas(16) const uint16_t words[64] = {};
-  for (const int32_t width : {15, 1, 0, -1, INT32_MIN}) {
-    EXPECT_EQ(SelectClassify8<Sse2>(bytes, -3, width, 17), 1234);
-    EXPECT_EQ(seen, (ClassifyCall{bytes, -3, width, 17}));
-  }
-  EXPECT_EQ(SelectClassify8<Sse2>(bytes, 1, 16, 16), 0);
-  EXPECT_EQ(SelectClassify16<Sse2>(words, 2, 7, 15), -77);
-  EXPECT_EQ(seen, (ClassifyCall{words, 2, 7, 15})) << "the step as it came, lowest bit and all";
-  EXPECT_EQ(SelectClassify16<Sse2>(words, 1, 8, 16), 0);
   // Without rows a wide mask is empty; none of it is touched.
-  EXPECT_EQ(SelectClassify8<Sse2>(nullptr, 0, 16, 16), 0);
-  EXPECT_EQ(SelectClassify16<Sse2>(nullptr, -1, 8, 16), 0);
+  for (Classify8Routine* classify : BuildsOf<Classify8Routine>(kSelect, 33)) {
+    for (const int32_t width : {15, 1, 0, -1, INT32_MIN}) {
+      EXPECT_EQ(classify(bytes, -3, width, 17), 1234);
+      EXPECT_EQ(seen, (ClassifyCall{bytes, -3, width, 17}));
+    }
+    EXPECT_EQ(classify(bytes, 1, 16, 16), 0);
+    EXPECT_EQ(classify(nullptr, 0, 16, 16), 0);
+  }
+  for (Classify16Routine* classify : BuildsOf<Classify16Routine>(kSelect, 75)) {
+    EXPECT_EQ(classify(words, 2, 7, 15), -77);
+    EXPECT_EQ(seen, (ClassifyCall{words, 2, 7, 15})) << "the step as it came, lowest bit and all";
+    EXPECT_EQ(classify(words, 1, 8, 16), 0);
+    EXPECT_EQ(classify(nullptr, -1, 8, 16), 0);
+  }
 }
 
 TEST(ClassifyTest, FindsOneEntryAtEveryPlace) {
@@ -53,14 +58,16 @@ TEST(ClassifyTest, FindsOneEntryAtEveryPlace) {
     int32_t expected;
   } cases[] = {{0, 0, 0}, {255, 255, 4}, {200, 200, 3}, {100, 100, 1}, {0, 128, 2},
                {0, 1, 1}, {255, 254, 3}, {255, 127, 2}, {128, 127, 2}, {100, 255, 2}};
+  const auto forms = BuildsOf<Classify8Routine>(kSelect, 33);
   for (const auto& c : cases) {
-    for (int32_t width = 16; width <= 100; ++width) {
+    for (int32_t width = 16; width <= 150; ++width) {
       std::vector<uint8_t> mask(static_cast<size_t>(width) + 2, c.all);
       mask.front() = mask.back() = 77;  // just outside
       for (int32_t at = 1; at <= width; ++at) {
         mask[static_cast<size_t>(at)] = c.one;
-        ASSERT_EQ(SelectClassify8<Sse2>(&mask[1], 1, width, width), c.expected)
-            << int{c.all} << ' ' << int{c.one} << " at " << at << " of " << width;
+        for (Classify8Routine* classify : forms)
+          ASSERT_EQ(classify(&mask[1], 1, width, width), c.expected)
+              << int{c.all} << ' ' << int{c.one} << " at " << at << " of " << width;
         mask[static_cast<size_t>(at)] = c.all;
       }
     }
@@ -69,25 +76,27 @@ TEST(ClassifyTest, FindsOneEntryAtEveryPlace) {
 
 // An aligned plane of `rows` x 8 words: one entry a lane and row.
 TEST(ClassifyTest, LetsFullWordsHideInTheirLanes) {
-  const auto classify = [](std::initializer_list<uint16_t> rowValues) {
-    alignas(16) uint16_t words[8 * 8];
-    size_t i = 0;
-    for (const uint16_t value : rowValues)
-      for (int lane = 0; lane < 8; ++lane) words[i++] = value;
-    return SelectClassify16<Sse2>(words, static_cast<int32_t>(rowValues.size()), 8, 17);
-  };
-  EXPECT_EQ(classify({32768, 32768}), 4);
-  EXPECT_EQ(classify({20000}), 3);
-  EXPECT_EQ(classify({10000, 10001}), 1);
-  EXPECT_EQ(classify({0, 32768}), 1) << "bit 15 makes a lane negative, and so below half";
-  EXPECT_EQ(classify({20000, 0}), 2);
-  EXPECT_EQ(classify({32768, 20000}), 1);
-  EXPECT_EQ(classify({16384, 16384}), 3);
-  EXPECT_EQ(classify({16383}), 1);
+  for (Classify16Routine* routine : BuildsOf<Classify16Routine>(kSelect, 75)) {
+    const auto classify = [=](std::initializer_list<uint16_t> rowValues) {
+      alignas(16) uint16_t words[8 * 8];
+      size_t i = 0;
+      for (const uint16_t value : rowValues)
+        for (int lane = 0; lane < 8; ++lane) words[i++] = value;
+      return routine(words, static_cast<int32_t>(rowValues.size()), 8, 17);
+    };
+    EXPECT_EQ(classify({32768, 32768}), 4);
+    EXPECT_EQ(classify({20000}), 3);
+    EXPECT_EQ(classify({10000, 10001}), 1);
+    EXPECT_EQ(classify({0, 32768}), 1) << "bit 15 makes a lane negative, and so below half";
+    EXPECT_EQ(classify({20000, 0}), 2);
+    EXPECT_EQ(classify({32768, 20000}), 1);
+    EXPECT_EQ(classify({16384, 16384}), 3);
+    EXPECT_EQ(classify({16383}), 1);
+  }
 }
 
 TEST(SpreadMarkTest, ReachesOneRowEitherWayAndNoFurther) {
-  for (SpreadMarkRoutine* spread : {SelectSpreadMark8<OneSample>, SelectSpreadMark8<Sse2>}) {
+  for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26)) {
     std::vector<uint8_t> column = {1, 127, 128, 5, 6, 255, 7};
     spread(column.data(), 7, 1, 1);
     EXPECT_EQ(column, (std::vector<uint8_t>{1, 255, 128, 133, 134, 255, 135}));
@@ -102,10 +111,13 @@ TEST(SpreadMarkTest, WalksWidePlanesInPieces) {
   std::vector<uint8_t> plane(3 * static_cast<size_t>(width));
   for (const int32_t x : {0, 4095, 4096, 8191, 8192, width - 1})
     plane[static_cast<size_t>(x)] = 128;
-  SelectSpreadMark8<Sse2>(plane.data(), 3, width, width);
-  for (size_t x = 0; x < static_cast<size_t>(width); ++x) {
-    ASSERT_EQ(plane[static_cast<size_t>(width) + x], plane[x]) << x;
-    ASSERT_EQ(plane[2 * static_cast<size_t>(width) + x], 0) << x;
+  for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26)) {
+    auto marked = plane;
+    spread(marked.data(), 3, width, width);
+    for (size_t x = 0; x < static_cast<size_t>(width); ++x) {
+      ASSERT_EQ(marked[static_cast<size_t>(width) + x], plane[x]) << x;
+      ASSERT_EQ(marked[2 * static_cast<size_t>(width) + x], 0) << x;
+    }
   }
 }
 
@@ -120,18 +132,18 @@ void ExpectLine(Signature* propagate, std::vector<T> priority, std::vector<T> va
 }
 
 TEST(PropagateTest, FollowsTheRuleAlongALine) {
-  for (Propagate8Routine* propagate : {SelectPropagate8<OneSample>, SelectPropagate8<Sse2>}) {
+  for (Propagate8Routine* propagate : BuildsOf<Propagate8Routine>(kSelect, 35)) {
     ExpectLine<uint8_t>(propagate, {3, 0, 0, 0}, {9, 1, 2, 3}, {3, 2, 1, 1}, {9, 9, 9, 9});
     ExpectLine<uint8_t>(propagate, {1, 5, 0}, {7, 8, 9}, {1, 5, 4}, {7, 8, 8});
     ExpectLine<uint8_t>(propagate, {0, 0}, {4, 6}, {0, 0}, {4, 6});
     ExpectLine<uint8_t>(propagate, {255, 254, 254}, {1, 2, 3}, {255, 254, 254}, {1, 1, 3});
   }
-  ExpectLine<uint16_t>(SelectPropagate16<Sse2>, {3, 0, 0, 0}, {9, 1, 2, 3}, {3, 2, 1, 1},
-                       {9, 9, 9, 9});
+  for (Propagate16Routine* propagate : BuildsOf<Propagate16Routine>(kSelect, 73))
+    ExpectLine<uint16_t>(propagate, {3, 0, 0, 0}, {9, 1, 2, 3}, {3, 2, 1, 1}, {9, 9, 9, 9});
 }
 
 TEST(PropagateTest, CarriesAcrossEmptyEntriesInGroupsOfEightWordLines) {
-  for (Propagate16Routine* propagate : {SelectPropagate16<OneSample>, SelectPropagate16<Sse2>}) {
+  for (Propagate16Routine* propagate : BuildsOf<Propagate16Routine>(kSelect, 73)) {
     for (const int32_t lines : {7, 8, 15, 17}) {
       const auto count = static_cast<size_t>(lines);
       std::vector<uint16_t> priority(2 * count, 0), value(2 * count, 6);

@@ -9,13 +9,7 @@
 #include "plugin/install.h"
 #include "plugin/processor.h"
 #include "plugin/startup.h"
-#include "suites/blend/install.h"
-#include "suites/convert/install.h"
-#include "suites/filter/install.h"
-#include "suites/memory/install.h"
-#include "suites/paint/install.h"
-#include "suites/resample/install.h"
-#include "suites/select/install.h"
+#include "suites/install.h"
 #include "tests/fake_host.h"
 #include "tests/fake_system.h"
 
@@ -91,29 +85,38 @@ TEST(InstallersTest, AnswerOne) {
     EXPECT_EQ(install(host.Block()), 1);
 }
 
-template <int kBuild>
-Routine BuildOf() {
-  return nullptr;
-}
+// Kernels of two slots: one in every form, one up to 16 bytes.
+template <class Form>
+void InForm() {}
+struct MadeUpKernels {
+  template <class Form>
+  static Builds In() {
+    static constexpr Build kBuilds[] = {
+        {7, Entry<InForm<Form>>},
+        {9, UpTo<Form, 16>([]<class F>(F) { return Entry<InForm<F>>; })},
+    };
+    return kBuilds;
+  }
+};
 
 TEST(WidestBuildTest, IsTheWidestThatTheProcessorRuns) {
-  const RoutineGetter scalar = BuildOf<0>, sse2 = BuildOf<1>, ssse3 = BuildOf<2>,
-                      sse41 = BuildOf<3>;
-  ProcessorFeatures has{};
-  const auto expect = [&](RoutineGetter ofAll, RoutineGetter ofTwo) {
-    EXPECT_EQ(WidestBuild({0, scalar, sse2, ssse3, sse41}, has), ofAll);
-    EXPECT_EQ(WidestBuild({0, scalar, sse2}, has), ofTwo);
-    EXPECT_EQ(WidestBuild({0, scalar}, has), scalar);
+  InstructionSets has;
+  const auto expect = [&](RoutineGetter ofAll, RoutineGetter ofNarrow) {
+    EXPECT_EQ(WidestBuild<MadeUpKernels>(7, has), ofAll);
+    EXPECT_EQ(WidestBuild<MadeUpKernels>(9, has), ofNarrow);
+    EXPECT_EQ(WidestBuild<MadeUpKernels>(8, has), nullptr);
   };
-  expect(scalar, scalar);
-  has.hasSSE = 1;
-  expect(scalar, scalar);
-  has.hasSSE2 = 1;
-  expect(sse2, sse2);
-  has.hasSSSE3 = 1;
-  expect(ssse3, sse2);
-  has.hasSSE41 = 1;
-  expect(sse41, sse2);
+  expect(Entry<InForm<Scalar>>, Entry<InForm<Scalar>>);
+  has.sse2 = true;
+  expect(Entry<InForm<Sse2>>, Entry<InForm<Sse2>>);
+  has.ssse3 = true;
+  expect(Entry<InForm<Ssse3>>, Entry<InForm<Ssse3>>);
+  has.avx2 = true;
+  expect(Entry<InForm<Avx2>>, Entry<InForm<Ssse3>>);
+  has.avx512 = true;
+  expect(Entry<InForm<Avx512>>, Entry<InForm<Ssse3>>);
+  has.avx2 = false;
+  expect(Entry<InForm<Avx512>>, Entry<InForm<Ssse3>>);
 }
 
 }  // namespace

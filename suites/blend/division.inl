@@ -26,10 +26,10 @@ class TruncatingScope {
 };
 
 // A division takes long: four of them want more than half a register of samples.
-inline constexpr intptr_t kFewestToDivide = 8;
+inline constexpr int kFewestToDivide = 8;
 
 struct Burn {
-  static constexpr intptr_t kFewestInRegister = kFewestToDivide;
+  static constexpr int kFewestInRegister = kFewestToDivide;
   template <class V>
   VX_INLINE V operator()(V a, V b) const {
     return ~Divide(V(~a), b);
@@ -37,7 +37,7 @@ struct Burn {
 };
 
 struct ScreenShare {
-  static constexpr intptr_t kFewestInRegister = kFewestToDivide;
+  static constexpr int kFewestInRegister = kFewestToDivide;
   template <class V>
   VX_INLINE Pair<V> operator()(Pair<V> samples) const {
     const auto [p, q] = samples;

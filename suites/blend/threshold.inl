@@ -23,12 +23,11 @@ struct WhereZero {
 // quicker than a branch, which a varied mask would mispredict.
 template <class Selects, class Source>
 VX_INLINE void CopySingly(intptr_t count, Selects selects, Target to, Source source, Plane mask) {
-  using One = Lanes<uint8_t, 1>;
   uint8_t aside;
-  for (intptr_t x = 0; x < count; ++x) {
-    uint8_t* const place = selects(mask.At<One>(x))[0] ? to.row + x : &aside;
-    *place = source.template At<One>(x)[0];
-  }
+  Singly<uint8_t>{count}.ForEach([&](auto sample) VX_INLINED {
+    uint8_t* const place = selects(mask.At(sample))[0] ? to.row + sample.x : &aside;
+    *place = source.At(sample)[0];
+  });
 }
 
 // A row of fewer than 16 samples, writing only those selected: none or all of them
@@ -36,35 +35,44 @@ VX_INLINE void CopySingly(intptr_t count, Selects selects, Target to, Source sou
 template <class Selects, class Source>
 VX_INLINE void CopyShort(intptr_t count, Selects selects, Target to, Source source, Plane mask) {
   if (count < 8) return CopySingly(count, selects, to, source, mask);
-  // The first and the last 8 samples.
-  const uint32_t selected = SetBytes(selects(mask.Ends<Bytes16, 8>(count)));
-  if (selected == 0xFFFF) return to.WriteEnds<8>(count, source.template Ends<Bytes16, 8>(count));
+  const Ends<Lanes<uint8_t, 16>, 8> ends{count};
+  const uint32_t selected = SetBytes(selects(mask.At(ends)));
+  if (selected == 0xFFFF) return to.Write(ends, source.At(ends));
   for (uint32_t rest = selected; rest != 0; rest &= rest - 1) {
     const intptr_t lane = __builtin_ctz(rest);
     const intptr_t x = lane < 8 ? lane : count - 16 + lane;
-    to.row[x] = source.template At<Lanes<uint8_t, 1>>(x)[0];
+    to.row[x] = source.At(Block<Lanes<uint8_t, 1>>{x})[0];
   }
 }
+
+template <class Selects>
+struct CopySelected {
+  Selects selects;
+  template <class V>
+  VX_INLINE V operator()(V d, V s, V m) const {
+    return selects(m) ? s : d;
+  }
+};
 
 template <class Form, class Selects, class Source>
 VX_INLINE void CopyWhere(int32_t rows, int32_t columns, Selects selects, Target destination,
                          Source source, Plane mask) {
-  constexpr intptr_t kBlock = 16;
+  constexpr intptr_t kBlock = 16;  // in whose blocks every sample is written
   const intptr_t count = columns;
   const auto row = [=](Target to, Source s, Plane m) VX_INLINED {
     if (Form::kBytes == 1) return CopySingly(count, selects, to, s, m);
-    if (count < kBlock) return CopyShort(count, selects, to, s, m);
-    const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kBlock - 1);
-    CopyShort(head, selects, to, s, m);
-    const auto block = [=](intptr_t x) VX_INLINED {
-      const auto selected = selects(m.At<Bytes16>(x));
-      to.Write(x, selected ? s.template At<Bytes16>(x) : to.At<Bytes16>(x));
+    const auto copyShort = [=](intptr_t x, intptr_t samples) VX_INLINED {
+      CopyShort(samples, selects, to.From(x), s.From(x), m.From(x));
     };
-    intptr_t x = head;
-    // The work is so little that walking would be a third of it.
-    for (; x + 2 * kBlock <= count; x += 2 * kBlock) block(x), block(x + kBlock);
-    for (; x + kBlock <= count; x += kBlock) block(x);
-    CopyShort(count - x, selects, to.From(x), s.From(x), m.From(x));
+    const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kBlock - 1);
+    if (count < kBlock) return copyShort(0, count);
+    copyShort(0, head);
+    const intptr_t inBlocks = (count - head) & -kBlock;
+    if (inBlocks > 0)
+      WithWholeBlocks<uint8_t, Form::kBytes>(inBlocks, [=](auto walk) VX_INLINED {
+        ApplyToRow(walk, CopySelected<Selects>{selects}, to.From(head), s.From(head), m.From(head));
+      });
+    copyShort(head + inBlocks, count - head - inBlocks);
   };
   ForEachRow(rows, row, destination, source, mask);
 }

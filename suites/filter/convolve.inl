@@ -268,7 +268,7 @@ void FilterConvolveVertical8(const uint8_t* source, uint8_t* destination, uint32
   const intptr_t taps = radius < 0 ? 0 : 2 * radius + 1;
   const WindowPlanes planes{taps == 0 ? source : source - radius * sourceStride, sourceStride,
                             destination, destinationStride};
-  if constexpr (std::is_same_v<Form, OneSample>)
+  if constexpr (std::is_same_v<Form, Scalar>)
     return ConvolveSingly(planes, rows, columns, taps, kernel->weights);
 #if defined(__SSSE3__)
   if (ConvolveByPairs(planes, rows, columns, taps, kernel->weights)) return;

@@ -1,6 +1,7 @@
 // Copies of bytes and rectangles, suite memo slots 0 and 1.
 #pragma once
 
+#include "common/forms.h"
 #include "suites/memory/rect.h"
 #include "suites/memory/signatures.h"
 
@@ -8,8 +9,10 @@ namespace vantrix {
 
 // Copies `bytes` bytes; below 1, nothing. Source and destination may overlap in any
 // way: the result is as if all had been read first. No alignment is asked for.
-CopyBytesRoutine CopyBytesSSE2;
-CopyBytesRoutine CopyBytesSSSE3;
+//
+// Sse2 copies long runs by registers, any other form by the runtime's routine.
+template <class Form>
+CopyBytesRoutine CopyBytes;
 
 // Copies `rows` rows of `rowBytes` bytes, strides in bytes; nothing where a count is
 // below 1 or source and destination are one. Rows are copied in order, each as

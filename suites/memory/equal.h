@@ -1,12 +1,14 @@
 // Tests for one value throughout, suite memo slots 17 and 18.
 #pragma once
 
+#include "common/forms.h"
 #include "suites/memory/rect.h"
 #include "suites/memory/signatures.h"
 
 namespace vantrix {
 
 // 1 if each of `bytes` bytes equals the low byte of value, else 0; below 1 byte, 1.
+template <class Form>
 BytesAllEqualRoutine BytesAllEqual;
 
 // The same of `rows` rows of `width` bytes, stride in bytes; 1 where a count is

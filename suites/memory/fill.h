@@ -1,16 +1,19 @@
 // Fills of bytes, 16-bit values and rectangles, suite memo slots 3, 4, 65 and 66.
 #pragma once
 
+#include "common/forms.h"
 #include "suites/memory/rect.h"
 #include "suites/memory/signatures.h"
 
 namespace vantrix {
 
 // Sets `bytes` bytes to the low byte of value; below 1, nothing.
+template <class Form>
 FillBytesRoutine FillBytes;
 
 // Sets `count` 16-bit values to the low half of value; below 1, nothing. No
 // alignment is asked for, not even to 2.
+template <class Form>
 FillWordsRoutine FillWords;
 
 // `rows` rows of `width` bytes, stride in bytes; nothing where a count is below 1.

@@ -8,14 +8,14 @@
 namespace vantrix {
 namespace {
 
-struct Blocks {
+struct Tiling {
   int32_t width, height;
   intptr_t stride;
   Average average;
 };
 
 // The block that starts here.
-VX_INLINE uint8_t AverageOne(const uint8_t* block, const Blocks& blocks) {
+VX_INLINE uint8_t AverageOne(const uint8_t* block, const Tiling& blocks) {
   uint32_t sum = 0;
   for (int32_t j = 0; j < blocks.height; ++j)
     for (int32_t i = 0; i < blocks.width; ++i) sum += block[j * blocks.stride + i];
@@ -24,17 +24,17 @@ VX_INLINE uint8_t AverageOne(const uint8_t* block, const Blocks& blocks) {
 
 // A row of output, sample by sample.
 VX_INLINE void AverageOneByOne(const uint8_t* source, uint8_t* destination, int32_t columns,
-                               const Blocks& blocks) {
+                               const Tiling& blocks) {
   for (int32_t x = 0; x < columns; ++x)
     destination[x] = AverageOne(source + intptr_t{x} * blocks.width, blocks);
 }
 
-// Blocks two samples wide as an operand, of at most 128 rows; kHeight of them, where that
+// Tiling two samples wide as an operand, of at most 128 rows; kHeight of them, where that
 // is not 0.
 template <int kHeight>
 struct AveragedPairs {
   const uint8_t* source;
-  const Blocks& blocks;
+  const Tiling& blocks;
 
   template <class Read>
   VX_INLINE Words8 Averages(const uint8_t* first, Read read) const {
@@ -46,19 +46,19 @@ struct AveragedPairs {
   }
 
   template <class V>
-  VX_INLINE V At(intptr_t x) const {
+  VX_INLINE V At(Block<V> block) const {
     if constexpr (kIsOneSample<V>)
-      return V{AverageOne(source + 2 * x, blocks)};
+      return V{AverageOne(source + 2 * block.x, blocks)};
     else
-      return Narrow(Averages(x), Averages(x + 8));
+      return Narrow(Averages(block.x), Averages(block.x + 8));
   }
-  template <class V, int kHalf>
-  VX_INLINE V Ends(intptr_t count) const {
-    if constexpr (kHalf == 8) {
-      return Narrow(Averages(0), Averages(count - 8));
+  template <class V, int kBytes>
+  VX_INLINE V At(Ends<V, kBytes> place) const {
+    if constexpr (kBytes == 8) {
+      return Narrow(Averages(0), Averages(place.count - 8));
     } else {
       const Words8 ends = Averages(source, [=](const uint8_t* row) VX_INLINED {
-        return LoadEnds<Bytes16, 2 * kHalf>(row, 2 * count);
+        return LoadEnds<Bytes16, 2 * kBytes>(row, 2 * place.count);
       });
       return Narrow(ends, ends);
     }
@@ -73,7 +73,7 @@ constexpr int32_t kMostBlockWidth = kSumColumns - 16;
 // Sums of `columns` columns, at least 16; or of pairs of columns.
 template <bool kInPairs, int kHeight>
 VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t columns,
-                               const Blocks& blocks) {
+                               const Tiling& blocks) {
   const auto read = [](const uint8_t* row) VX_INLINED { return Load<Bytes16>(row); };
   int32_t x = 0;
   do {
@@ -95,19 +95,21 @@ struct AveragedSums {
   Average average;
 
   template <class V>
-  VX_INLINE V At(intptr_t x) const {
+  VX_INLINE V At(Block<V> block) const {
+    const uint16_t* const from = sums + block.x;
     if constexpr (kIsOneSample<V>)
-      return V{average.Of(uint32_t{sums[x]})};
+      return V{average.Of(uint32_t{*from})};
     else
-      return Narrow(average.Of(Load<Words8>(sums + x)), average.Of(Load<Words8>(sums + x + 8)));
+      return Narrow(average.Of(Load<Words8>(from)), average.Of(Load<Words8>(from + 8)));
   }
-  template <class V, int kHalf>
-  VX_INLINE V Ends(intptr_t count) const {
+  template <class V, int kBytes>
+  VX_INLINE V At(Ends<V, kBytes> place) const {
+    const intptr_t count = place.count;
     const auto bytes = reinterpret_cast<const uint8_t*>(sums);
-    if constexpr (kHalf == 8) {
+    if constexpr (kBytes == 8) {
       return Narrow(average.Of(Load<Words8>(sums)), average.Of(Load<Words8>(sums + count - 8)));
     } else {
-      const Words8 ends = average.Of(LoadEnds<Words8, 2 * kHalf>(bytes, 2 * count));
+      const Words8 ends = average.Of(LoadEnds<Words8, 2 * kBytes>(bytes, 2 * count));
       return Narrow(ends, ends);
     }
   }
@@ -143,7 +145,7 @@ VX_INLINE void AverageGroups(const uint16_t* sums, uint8_t* destination, int32_t
 // A row of output, by stretches. None is left that is shorter than a register.
 template <class Form>
 VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int32_t columns,
-                                const Blocks& blocks) {
+                                const Tiling& blocks) {
   alignas(16) uint16_t sums[kSumColumns];
   const bool inPairs = blocks.width % 2 == 0 && blocks.height <= Average::kWordCount / 2;
   const int32_t group = inPairs ? blocks.width / 2 : blocks.width;
@@ -176,7 +178,7 @@ void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t output
                      int32_t outputColumns, int32_t blockWidth, int32_t blockHeight,
                      int32_t sourceStride, int32_t destinationStride) {
   if (outputColumns < 1 || blockWidth < 1 || blockHeight < 1) return;
-  const Blocks blocks{blockWidth, blockHeight, sourceStride,
+  const Tiling blocks{blockWidth, blockHeight, sourceStride,
                       Average(int64_t{blockWidth} * blockHeight)};
   const bool byPairs =
       Form::kBytes > 1 && blockWidth == 2 && blockHeight <= Average::kWordCount / 2;

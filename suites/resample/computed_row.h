@@ -11,14 +11,10 @@ template <class Rule>
 struct Computed {
   Rule rule;
 
-  template <class V>
-  VX_INLINE V At(intptr_t x) const {
-    return rule.template Result<V>([=](const uint8_t* row) VX_INLINED { return Load<V>(row + x); });
-  }
-  template <class V, int kHalf>
-  VX_INLINE V Ends(intptr_t count) const {
-    return rule.template Result<V>([=](const uint8_t* row)
-                                       VX_INLINED { return LoadEnds<V, kHalf>(row, count); });
+  template <class Place>
+  VX_INLINE auto At(Place place) const {
+    return rule.template Result<typename Place::Register>(
+        [=](const uint8_t* row) VX_INLINED { return place.LoadFrom(row); });
   }
   VX_INLINE void NextRow() {}
 };

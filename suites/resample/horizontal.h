@@ -17,22 +17,23 @@
 // is not defined.
 #pragma once
 
+#include "common/forms.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix {
 
-// One sample at a time.
-template <class Sample>
-FilterHorizontal<Sample> FilterHorizontalOneByOne;
+// Registers of samples are fetched by the first of the form's accesses that serves a
+// stretch of columns (suites/resample/column_plan.h). The lists are turned into a plan of
+// the columns once for many rows; what does not suit a plan (more taps than it holds, a
+// source of a few samples, no or one tap) is taken one by one.
+template <class Sample, class Form>
+FilterHorizontal<Sample> FilterResampleHorizontal;
 
-// Registers of samples, which are fetched by the first of the accesses that serves a
-// stretch of columns (suites/resample/column_plan.h): ByGather needs SSE2, ByWindow SSSE3.
-// The lists are turned into a plan of the columns once for many rows; what does not
-// suit a plan (more taps than it holds, a source of a few samples, no or one tap) is
-// taken one by one.
-struct ByGather;
-struct ByWindow;
-template <class Sample, class... Accesses>
-FilterHorizontal<Sample> FilterHorizontalWide;
+template <class Form>
+inline constexpr auto& FilterResampleHorizontal8 = FilterResampleHorizontal<uint8_t, Form>;
+template <class Form>
+inline constexpr auto& FilterResampleHorizontal16 = FilterResampleHorizontal<uint16_t, Form>;
+template <class Form>
+inline constexpr auto& FilterResampleHorizontal32F = FilterResampleHorizontal<float, Form>;
 
 }  // namespace vantrix

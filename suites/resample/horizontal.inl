@@ -1,9 +1,10 @@
-// The wide form of horizontal.h, for the units that instantiate it.
+// Bodies of horizontal.h, for the units that instantiate it.
 #pragma once
 
 #include <cstring>
 
 #include "suites/resample/horizontal.h"
+#include "suites/resample/horizontal_one_by_one.inl"
 #include "suites/resample/quad_rules.h"
 
 namespace vantrix {
@@ -189,7 +190,7 @@ struct NarrowLists {
   }
 };
 
-template <class Sample, class... Accesses>
+template <class Sample, class Form, class... Accesses>
 void FilterHorizontalWide(const Sample* source, Sample* destination, uint32_t rows, int32_t width,
                           const int32_t* offsets, const uint8_t* phases, int32_t sourceStride,
                           int32_t destinationStride, int32_t tapCount, const int16_t* weights) {
@@ -214,12 +215,29 @@ void FilterHorizontalWide(const Sample* source, Sample* destination, uint32_t ro
   const bool isPlanned = taps.count >= 2 && anyPass.template PlanBlocks<Accesses...>() > 0 &&
                          anyPass.template SpanHoldsUnits<ByGather>();
   if (!isPlanned)
-    return FilterHorizontalOneByOne(source, destination, rows, width, offsets, phases, sourceStride,
-                                    destinationStride, tapCount, weights);
+    return FilterHorizontalSingly<Sample, Form>(source, destination, rows, width, offsets, phases,
+                                                sourceStride, destinationStride, tapCount, weights);
   alignas(16) uint32_t plan[kPlanWords];
   WithTapCount(taps.count, [&](auto kTaps) VX_INLINED {
     passOf(kTaps).template ResampleRows<Accesses...>(plan, rows);
   });
+}
+
+template <class Sample, class Form>
+void FilterResampleHorizontal(const Sample* source, Sample* destination, uint32_t rows,
+                              int32_t width, const int32_t* offsets, const uint8_t* phases,
+                              int32_t sourceStride, int32_t destinationStride, int32_t tapCount,
+                              const int16_t* weights) {
+  const auto filter = [=](auto* routine) VX_INLINED {
+    routine(source, destination, rows, width, offsets, phases, sourceStride, destinationStride,
+            tapCount, weights);
+  };
+  if constexpr (std::is_same_v<Form, Scalar>)
+    filter(FilterHorizontalSingly<Sample, Form>);
+  else if constexpr (std::is_same_v<Form, Sse2>)
+    filter(FilterHorizontalWide<Sample, Form, ByGather>);
+  else
+    filter(FilterHorizontalWide<Sample, Form, ByWindow, ByGather>);
 }
 
 }  // namespace vantrix

@@ -1,0 +1,136 @@
+// How a row is taken in registers: where blocks of its samples lie.
+//
+//   Block<V>          one register of samples, from sample x on
+//   Ends<V, kBytes>   a row shorter than 16 bytes as its first and its last kBytes bytes in
+//                     one register. The two may overlap; then the samples between stand in it
+//                     twice, and are stored twice with one value
+//
+// Both load from and store to any row of samples as large as V's lanes. A row's end never
+// falls to one sample at a time: a long row ends in a block that reaches back over the one
+// before (Blocks), a shorter one is taken in narrower registers, the shortest as two ends
+// (WithBlocks). Places and counts are in samples.
+#pragma once
+
+#include "common/forms.h"
+#include "common/lane_ops.h"
+
+namespace vantrix {
+
+template <class V>
+struct Block {
+  using Register = V;
+  intptr_t x;
+
+  template <class T>
+  VX_LANE V LoadFrom(const T* row) const {
+    return Load<V>(row + x);
+  }
+  template <class T>
+  VX_LANE void StoreTo(T* row, V samples) const {
+    Store(row + x, samples);
+  }
+};
+
+template <class V, int kBytes>
+struct Ends {
+  using Register = V;
+  intptr_t count;
+
+  template <class T>
+  VX_LANE V LoadFrom(const T* row) const {
+    return LoadEnds<V, kBytes>(row, count);
+  }
+  template <class T>
+  VX_LANE void StoreTo(T* row, V samples) const {
+    StoreEnds<kBytes>(row, count, samples);
+  }
+};
+
+// A row of `count` samples in whole blocks, at least one.
+template <class V>
+struct Blocks {
+  using Register = V;
+  intptr_t count;
+
+  VX_LANE Block<V> First() const { return {0}; }
+  VX_LANE Block<V> Last() const { return {count - kLaneCount<V>}; }
+
+  // Those from sample x on, every one but the last. Two a round, as for the lightest work
+  // walking is a third of it.
+  template <class Work>
+  VX_INLINE void ForEachBeforeLast(intptr_t x, Work work) const {
+    const intptr_t last = count - kLaneCount<V>;
+#pragma GCC unroll 2
+    for (; x < last; x += kLaneCount<V>) work(Block<V>{x});
+  }
+  // All of them, in order.
+  template <class Work>
+  VX_INLINE void ForEach(Work work) const {
+    ForEachBeforeLast(0, work);
+    work(Last());
+  }
+};
+
+// A row that is one place, of two ends or of one sample.
+template <class Place>
+struct OnePlace {
+  using Register = typename Place::Register;
+  Place place;
+
+  template <class Work>
+  VX_INLINE void ForEach(Work work) const {
+    work(place);
+  }
+};
+
+// Every sample by itself.
+template <class T>
+struct Singly {
+  using Register = Lanes<T, 1>;
+  intptr_t count;
+
+  template <class Work>
+  VX_INLINE void ForEach(Work work) const {
+    for (intptr_t x = 0; x < count; ++x) work(Block<Register>{x});
+  }
+};
+
+// Calls use(Blocks) for the widest register, of kBytes bytes or a half of that and so on down
+// to 16, that `count` samples fill; returns whether there is one.
+template <class T, int kBytes, class Use>
+VX_INLINE bool WithWholeBlocks(intptr_t count, Use use) {
+  if (count * intptr_t{sizeof(T)} >= kBytes) {
+    use(Blocks<Lanes<T, kBytes / int{sizeof(T)}>>{count});
+    return true;
+  }
+  if constexpr (kBytes > 16) return WithWholeBlocks<T, kBytes / 2>(count, use);
+  return false;
+}
+
+// Calls use(OnePlace) for a row of less than 16 bytes, taken as two ends of 8 bytes or a half
+// of that and so on down to kFewest samples; returns whether it is one.
+template <class T, int kFewest, int kBytes = 8, class Use>
+VX_INLINE bool WithEnds(intptr_t count, Use use) {
+  static_assert(kFewest >= 2, "two ends of one sample are two samples");
+  if constexpr (kBytes >= 2 * int{sizeof(T)}) {
+    if (count >= kFewest && count * intptr_t{sizeof(T)} >= kBytes) {
+      use(OnePlace<Ends<Lanes<T, 16 / int{sizeof(T)}>, kBytes>>{{count}});
+      return true;
+    }
+    return WithEnds<T, kFewest, kBytes / 2>(count, use);
+  }
+  return false;
+}
+
+// Calls use with the quickest way to take a row of `count` samples in a form. Fewer than
+// kFewest samples are quicker taken one by one than in one register.
+template <class Form, class T, int kFewest = 2, class Use>
+VX_INLINE void WithBlocks(intptr_t count, Use use) {
+  if constexpr (Form::kBytes > 1) {
+    if (WithWholeBlocks<T, Form::kBytes>(count, use)) return;
+    if (WithEnds<T, kFewest>(count, use)) return;
+  }
+  use(Singly<T>{count});
+}
+
+}  // namespace vantrix

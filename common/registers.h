@@ -1,0 +1,64 @@
+// A register as instructions take it, and its parts.
+//
+// The operations of lane_ops.h name an instruction for each width. A register that is wider
+// than the instructions of this unit is taken in halves, so that the text of a wide form can
+// be compiled, and tested, for an older processor.
+#pragma once
+
+#include <utility>
+
+#include "common/lanes.h"
+
+namespace vantrix {
+
+// The widest register that the unit's instructions take. Each unit has its own.
+#if defined(__AVX512BW__)
+static constexpr size_t kWidestRegister = 64;
+#elif defined(__AVX2__)
+static constexpr size_t kWidestRegister = 32;
+#else
+static constexpr size_t kWidestRegister = 16;
+#endif
+
+// The bits of a register, as intrinsics take them.
+template <class V>
+VX_LANE auto Bits(V v) {
+  if constexpr (sizeof(V) == 16)
+    return As<__m128i>(v);
+  else if constexpr (sizeof(V) == 32)
+    return As<__m256i>(v);
+  else
+    return As<__m512i>(v);
+}
+
+// The low (0) or the high half (1) of a register.
+template <int kIndex, class V>
+VX_LANE auto Half(V v) {
+  constexpr size_t kCount = kLaneCount<V> / 2;
+  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
+    return __builtin_shufflevector(v, v, int{kIndex * kCount + i}...);
+  }(std::make_index_sequence<kCount>{});
+}
+// Two registers as the halves of one.
+template <class V>
+VX_LANE auto Join(V low, V high) {
+  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
+    return __builtin_shufflevector(low, high, int{i}...);
+  }(std::make_index_sequence<2 * kLaneCount<V>>{});
+}
+
+// Of three operations, which take registers of 16, 32 and 64 bytes, the one for these.
+template <class Of16, class Of32, class Of64, class V, class... More>
+VX_LANE auto ByWidth(Of16 of16, Of32 of32, Of64 of64, V v, More... more) {
+  if constexpr (sizeof(V) > kWidestRegister)
+    return Join(ByWidth(of16, of32, of64, Half<0>(v), Half<0>(more)...),
+                ByWidth(of16, of32, of64, Half<1>(v), Half<1>(more)...));
+  else if constexpr (sizeof(V) == 16)
+    return of16(Bits(v), Bits(more)...);
+  else if constexpr (sizeof(V) == 32)
+    return of32(Bits(v), Bits(more)...);
+  else
+    return of64(Bits(v), Bits(more)...);
+}
+
+}  // namespace vantrix

@@ -1,0 +1,97 @@
+// Bodies of conversions.h, for the units that instantiate them.
+#pragma once
+
+#include "common/rows.h"
+#include "plugin/suites.h"
+#include "suites/convert/conversions.h"
+
+namespace vantrix {
+namespace {
+
+constexpr uint32_t kFullRange = 0xFFFF, kHostRange = 0x8000;
+constexpr int kRescaleSlot = 19;
+
+// (v x 32768 + 32767) / 65535. Of v = 2 k it is k, of 2 k + 1 it is k + 1.
+struct FullToHost {
+  template <class V>
+  VX_INLINE V operator()(V v) const {
+    return HalfUp(v);
+  }
+};
+
+// (v x 65535 + 16384) >> 15 = 2 v + ((16384 - v) >> 15): 2 v, less 1 above 16384. From
+// 0x8000 on, where 2 v is clamped to 0xFFFF, values are negative as signed lanes and lose
+// nothing.
+struct HostToFull {
+  template <class V>
+  VX_INLINE V operator()(V v) const {
+    using Signed = Lanes<int16_t, kLaneCount<V>>;
+    return ClampedSum(v, v) + As<V>(As<Signed>(v) > 16384);
+  }
+};
+
+// A plane of bytes, each taken twice: v and v make 257 v.
+struct DoubledBytes {
+  const uint8_t* row;
+  int32_t stride;
+
+  template <class V>
+  VX_LANE V At(Block<V> block) const {
+    const uint8_t* const from = row + block.x;
+    if constexpr (kIsOneSample<V>)
+      return V{static_cast<uint16_t>(*from * 257)};
+    else if constexpr (sizeof(V) == 16)
+      return Doubled<V>(LoadWord(from));
+    else
+      return As<V>(Twice(Load<Lanes<uint8_t, kLaneCount<V>>>(from)));
+  }
+  template <class V, int kBytes>
+  VX_LANE V At(Ends<V, kBytes> ends) const {
+    constexpr int kSamples = kBytes / 2;
+    uint64_t first = 0, last = 0;
+    __builtin_memcpy(&first, row, kSamples);
+    __builtin_memcpy(&last, row + ends.count - kSamples, kSamples);
+    return Doubled<V>(first | last << 8 * kSamples);
+  }
+  VX_LANE void NextRow() { row += stride; }
+
+ private:
+  template <class V>
+  VX_LANE static V Doubled(uint64_t bytes) {
+    const auto v = As<Bytes<V>>(Quads<V>{bytes, 0});
+    return As<V>(InterleaveLow(v, v));
+  }
+};
+
+// (v x 32768 + 127) / 255 of v = (257 v + 1) / 2: half of 257 v, rounded up.
+struct ExpandDoubled {
+  template <class V>
+  VX_INLINE V operator()(V doubled) const {
+    return HalfUp(doubled);
+  }
+};
+
+}  // namespace
+
+template <class Form>
+uint64_t RescaleWords(uint16_t* samples, uint32_t fromMaximum, uint32_t toMaximum, int32_t rows,
+                      int32_t width, int32_t stride) {
+  const WordTarget plane{samples, stride & ~1};
+  if (fromMaximum == kFullRange && toMaximum == kHostRange)
+    BlendRows<Form>(rows, width, plane, FullToHost{});
+  else if (fromMaximum == kHostRange && toMaximum == kFullRange)
+    BlendRows<Form>(rows, width, plane, HostToFull{});
+  else
+    return Call<RescaleWordsRoutine>(convertSuite.saved[kRescaleSlot])(
+        samples, fromMaximum, toMaximum, rows, width, stride);
+  return 0;
+}
+
+template <class Form>
+void Expand8To16(const uint8_t* source, uint16_t* destination, int32_t rows, int32_t width,
+                 int32_t sourceStride, int32_t destinationStride) {
+  BlendRows<Form>(rows, width, WordOutput{{destination, destinationStride & ~1}}, ExpandDoubled{},
+                  DoubledBytes{source, sourceStride});
+}
+
+}  // namespace vantrix

@@ -1,8 +1,0 @@
-#include "suites/filter/convolve.inl"
-
-namespace vantrix {
-
-template ConvolveRoutine FilterConvolveVertical8<OneSample>;
-template ConvolveRoutine FilterConvolveVertical8<Sse2>;
-
-}  // namespace vantrix

@@ -1,0 +1,30 @@
+// The kernels of suite memo, in the form that this unit is compiled for.
+#include "suites/kernels.h"
+
+#include "suites/memory/copy.inl"
+#include "suites/memory/equal.inl"
+#include "suites/memory/fill.inl"
+
+namespace vantrix {
+namespace {
+
+template <class Form>
+constexpr Build kBuilds[] = {
+    {0, OnlyIn<Form, Sse2, Ssse3>([]<class F>(F) { return Entry<CopyBytes<F>>; })},
+    {1, OnlyIn<Form, Sse2, Ssse3>([]<class F>(F) { return Entry<CopyRect<CopyBytes<F>>>; })},
+    {3, OnlyIn<Form, Sse2>([]<class F>(F) { return Entry<FillBytes<F>>; })},
+    {4, OnlyIn<Form, Sse2>([]<class F>(F) { return Entry<FillRect<FillBytes<F>>>; })},
+    {17, From<Form, 16>([]<class F>(F) { return Entry<BytesAllEqual<F>>; })},
+    {18, From<Form, 16>([]<class F>(F) { return Entry<RectAllEqual<BytesAllEqual<F>>>; })},
+    {65, From<Form, 16>([]<class F>(F) { return Entry<FillWords<F>>; })},
+    {66, From<Form, 16>([]<class F>(F) { return Entry<FillWordRect<FillWords<F>>>; })},
+};
+
+}  // namespace
+
+template <>
+Builds MemoryKernels::In<VX_FORM>() {
+  return kBuilds<VX_FORM>;
+}
+
+}  // namespace vantrix

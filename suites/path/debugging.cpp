@@ -1,0 +1,61 @@
+#include "suites/path/debugging.h"
+
+#include "plugin/builds.h"
+#include "plugin/suites.h"
+#include "suites/kernels.h"
+#include "suites/path/debug.h"
+#include "suites/path/fill_array.h"
+
+namespace vantrix {
+namespace {
+
+constexpr int kFillArraySlot = 24;
+constexpr Build kBuilds[] = {{kFillArraySlot, Entry<ApplyFillArrayOperation>}};
+
+struct Answer {
+  uint64_t value;
+  bool isRecognized;
+};
+
+// The host's signature signs this query; the search for a suite signs with the
+// plug-in's kind.
+Answer Ask(uint32_t selector) {
+  uint64_t value = 0;
+  const auto query = Call<HostCapabilityQuery>(coreSuite.live[kHostCapabilityQuery]);
+  const bool isRecognized = static_cast<uint8_t>(query(kHostSignature, selector, &value));
+  return {value, isRecognized};
+}
+
+}  // namespace
+
+// A host may write an answer and still say that it does not know the question:
+// that is reported, and the answer is used.
+void AskForPathDebugging() {
+  const Answer enabled = Ask(Code("pdbg"));
+  const Answer guard = Ask(Code("pdgv"));
+  PathDebugEnabled = enabled.value != 0;
+  PathDebugGuardValue = PathDebugEnabled ? static_cast<uint32_t>(guard.value) : 0;
+  if (!PathDebugEnabled) return;
+
+  if (!enabled.isRecognized)
+    ReportPath("Path debug enabled gestalt, 'pdbg' not recognized", kPathSourceFile, 286,
+               kDebugCheck);
+  if (!guard.isRecognized)
+    ReportPath("Path debug guard value gestalt, 'pdgv' not recognized", kPathSourceFile, 287,
+               kDebugCheck);
+  // Inclusive: all ones is reported although it fits. A set top bit counts as
+  // negative and is not.
+  if (static_cast<int64_t>(guard.value) >= 4294967295)
+    ReportPath("Path debug guard value is bigger than expected", kPathSourceFile, 288, kDebugCheck);
+}
+
+void InstallPathChecks() {
+  if (PathDebugEnabled) pathSuite.live[kFillArraySlot] = Entry<ApplyFillArrayOperationChecked>();
+}
+
+template <>
+Builds PathKernels::In<Scalar>() {
+  return kBuilds;
+}
+
+}  // namespace vantrix

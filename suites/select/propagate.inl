@@ -1,0 +1,171 @@
+// Bodies of propagate.h, for the units that instantiate them.
+#pragma once
+
+#include "common/rows.h"
+#include "suites/select/propagate.h"
+
+namespace vantrix {
+namespace {
+
+// The pair that an entry is left with; first is the priority. kHolds is the carried
+// priority that holds an entry back.
+template <uint16_t kHolds>
+struct TakeOver {
+  static constexpr int kFewestInRegister = 8;  // halves stored apart are slow to reload
+  template <class V>
+  VX_INLINE Pair<V> operator()(Pair<V> own, V priorityBefore, V valueBefore) const {
+    const V carried = priorityBefore + As<V>(priorityBefore > 1);  // less 1: the mask is -1
+    const auto keeps = (carried == LaneOf<V>(kHolds)) | (own.first > carried);
+    return {keeps ? own.first : carried, keeps ? own.second : valueBefore};
+  }
+};
+
+// Lines side by side: all of them, or those of a group, one entry further at a time.
+template <class Form, class Rule, class T>
+VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineCount,
+                                 int32_t lineLength, int32_t entryBytes) {
+  BlendRows<Form>(lineLength - 1, lineCount,
+                  TwoTargetsOf<T>{{Below(priority, entryBytes), entryBytes},
+                                  {Below(value, entryBytes), entryBytes}},
+                  rule, PlaneOf<T>{priority, entryBytes}, PlaneOf<T>{value, entryBytes});
+}
+
+// One line after another, an entry at a time. What is carried stays in registers.
+template <class T>
+VX_INLINE void PropagateSingly(T* priority, T* value, int32_t lineCount, int32_t lineLength,
+                               intptr_t lineStep, intptr_t entryStep) {
+  for (int32_t line = 0; line < lineCount; ++line) {
+    T *p = priority + line * lineStep, *v = value + line * lineStep;
+    T carried = *p, carriedValue = *v;
+    for (int32_t i = 1; i < lineLength; ++i) {
+      p += entryStep;
+      v += entryStep;
+      carried = static_cast<T>(carried - (carried > 1));
+      const bool keeps = carried == 0 || *p > carried;
+      carried = keeps ? *p : carried;
+      carriedValue = keeps ? *v : carriedValue;
+      *p = carried;
+      *v = carriedValue;
+    }
+  }
+}
+
+// As many lines as a register has lanes, and as many of their entries.
+template <class V>
+struct Tile {
+  static constexpr int kSide = kLaneCount<V>;
+  V rows[kSide];
+
+  VX_INLINE void LoadFrom(const LaneOf<V>* from, intptr_t lineStep) {
+#pragma GCC unroll 16
+    for (int i = 0; i < kSide; ++i) rows[i] = Load<V>(from + i * lineStep);
+  }
+  VX_INLINE void StoreTo(LaneOf<V>* to, intptr_t lineStep) const {
+#pragma GCC unroll 16
+    for (int i = 0; i < kSide; ++i) Store(to + i * lineStep, rows[i]);
+  }
+  // Interleaves the two halves of the rows as often as doubling 1 gives kSide.
+  VX_INLINE void Transpose() {
+#pragma GCC unroll 4
+    for (int round = 1; round < kSide; round *= 2) {
+      V mixed[kSide];
+#pragma GCC unroll 8
+      for (int i = 0; i < kSide / 2; ++i) {
+        mixed[2 * i] = InterleaveLow(rows[i], rows[i + kSide / 2]);
+        mixed[2 * i + 1] = InterleaveHigh(rows[i], rows[i + kSide / 2]);
+      }
+#pragma GCC unroll 16
+      for (int i = 0; i < kSide; ++i) rows[i] = mixed[i];
+    }
+  }
+};
+
+// Lines whose entries follow one another in memory, forwards or backwards: tiles of
+// entries are turned so that the lines lie side by side, walked, and turned back.
+template <class V, class T>
+VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_t lineLength,
+                                intptr_t lineStep, intptr_t entryStep) {
+  constexpr int kSide = kLaneCount<V>;
+  for (; lineCount >= kSide; lineCount -= kSide) {
+    Pair<V> before;
+#pragma GCC unroll 16
+    for (int i = 0; i < kSide; ++i) {
+      before.first[i] = priority[i * lineStep];
+      before.second[i] = value[i * lineStep];
+    }
+    int32_t entry = 1;
+    for (; entry + kSide <= lineLength; entry += kSide) {
+      const intptr_t lowest = entryStep > 0 ? entry : -(entry + kSide - 1);
+      Tile<V> priorities, values;
+      priorities.LoadFrom(priority + lowest, lineStep);
+      values.LoadFrom(value + lowest, lineStep);
+      priorities.Transpose();
+      values.Transpose();
+#pragma GCC unroll 16
+      for (int k = 0; k < kSide; ++k) {
+        const int at = entryStep > 0 ? k : kSide - 1 - k;
+        before = TakeOver<0>{}({priorities.rows[at], values.rows[at]}, before.first, before.second);
+        priorities.rows[at] = before.first;
+        values.rows[at] = before.second;
+      }
+      priorities.Transpose();
+      values.Transpose();
+      priorities.StoreTo(priority + lowest, lineStep);
+      values.StoreTo(value + lowest, lineStep);
+    }
+    // The entries left over, from the last one of the tiles on.
+    const intptr_t last = (entry - 1) * entryStep;
+    PropagateSingly(priority + last, value + last, kSide, lineLength - entry + 1, lineStep,
+                    entryStep);
+    priority += kSide * lineStep;
+    value += kSide * lineStep;
+  }
+  PropagateSingly(priority, value, lineCount, lineLength, lineStep, entryStep);
+}
+
+// Lines that do not follow one another side by side.
+template <class Form, class T>
+VX_INLINE void PropagateApart(T* priority, T* value, int32_t lineCount, int32_t lineLength,
+                              int32_t lineStep, int32_t entryStep) {
+  // Side by side, but named from the last one on.
+  if (lineStep == -1) {
+    const int32_t toLast = lineCount - 1;
+    return PropagateTogether<Form>(TakeOver<0>{}, priority - toLast, value - toLast, lineCount,
+                                   lineLength, entryStep * static_cast<int32_t>(sizeof(T)));
+  }
+  if constexpr (Form::kBytes > 1) {
+    using V = Lanes<T, 16 / sizeof(T)>;
+    if (entryStep == 1)
+      return PropagateInTiles<V>(priority, value, lineCount, lineLength, lineStep, 1);
+    if (entryStep == -1)
+      return PropagateInTiles<V>(priority, value, lineCount, lineLength, lineStep, -1);
+  }
+  PropagateSingly(priority, value, lineCount, lineLength, lineStep, entryStep);
+}
+
+}  // namespace
+
+template <class Form>
+void SelectPropagate8(uint8_t* priority, uint8_t* value, int32_t lineCount, int32_t lineLength,
+                      int32_t lineStep, int32_t entryStep) {
+  if (lineCount < 1 || lineLength < 2) return;
+  if (lineStep == 1)
+    PropagateTogether<Form>(TakeOver<0>{}, priority, value, lineCount, lineLength, entryStep);
+  else
+    PropagateApart<Form>(priority, value, lineCount, lineLength, lineStep, entryStep);
+}
+
+template <class Form>
+void SelectPropagate16(uint16_t* priority, uint16_t* value, int32_t lineCount, int32_t lineLength,
+                       int32_t lineStep, int32_t entryStep) {
+  if (lineCount < 1 || lineLength < 2) return;
+  const int32_t lineEntries = lineStep >> 1, entries = entryStep >> 1;
+  if (lineEntries != 1)
+    return PropagateApart<Form>(priority, value, lineCount, lineLength, lineEntries, entries);
+  const int32_t grouped = lineCount & ~7, entryBytes = entries * 2;
+  PropagateTogether<Form>(TakeOver<0x8000>{}, priority, value, grouped, lineLength, entryBytes);
+  PropagateTogether<Form>(TakeOver<0>{}, priority + grouped, value + grouped, lineCount - grouped,
+                          lineLength, entryBytes);
+}
+
+}  // namespace vantrix
