@@ -46,27 +46,27 @@ struct Ends {
   }
 };
 
-// A row of `count` samples in whole blocks, at least one.
+// Samples `start` to `end` of a row in whole blocks, at least one.
 template <class V>
 struct Blocks {
   using Register = V;
-  intptr_t count;
+  intptr_t end, start = 0;
 
-  VX_LANE Block<V> First() const { return {0}; }
-  VX_LANE Block<V> Last() const { return {count - kLaneCount<V>}; }
+  VX_LANE Block<V> First() const { return {start}; }
+  VX_LANE Block<V> Last() const { return {end - kLaneCount<V>}; }
 
   // Those from sample x on, every one but the last. Two a round, as for the lightest work
   // walking is a third of it.
   template <class Work>
   VX_INLINE void ForEachBeforeLast(intptr_t x, Work work) const {
-    const intptr_t last = count - kLaneCount<V>;
+    const intptr_t last = end - kLaneCount<V>;
 #pragma GCC unroll 2
     for (; x < last; x += kLaneCount<V>) work(Block<V>{x});
   }
   // All of them, in order.
   template <class Work>
   VX_INLINE void ForEach(Work work) const {
-    ForEachBeforeLast(0, work);
+    ForEachBeforeLast(start, work);
     work(Last());
   }
 };
@@ -96,14 +96,14 @@ struct Singly {
 };
 
 // Calls use(Blocks) for the widest register, of kBytes bytes or a half of that and so on down
-// to 16, that `count` samples fill; returns whether there is one.
+// to 16, that samples `start` to `end` fill; returns whether there is one.
 template <class T, int kBytes, class Use>
-VX_INLINE bool WithWholeBlocks(intptr_t count, Use use) {
-  if (count * intptr_t{sizeof(T)} >= kBytes) {
-    use(Blocks<Lanes<T, kBytes / int{sizeof(T)}>>{count});
+VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
+  if ((end - start) * intptr_t{sizeof(T)} >= kBytes) {
+    use(Blocks<Lanes<T, kBytes / int{sizeof(T)}>>{end, start});
     return true;
   }
-  if constexpr (kBytes > 16) return WithWholeBlocks<T, kBytes / 2>(count, use);
+  if constexpr (kBytes > 16) return WithWholeBlocks<T, kBytes / 2>(start, end, use);
   return false;
 }
 
@@ -127,7 +127,7 @@ VX_INLINE bool WithEnds(intptr_t count, Use use) {
 template <class Form, class T, int kFewest = 2, class Use>
 VX_INLINE void WithBlocks(intptr_t count, Use use) {
   if constexpr (Form::kBytes > 1) {
-    if (WithWholeBlocks<T, Form::kBytes>(count, use)) return;
+    if (WithWholeBlocks<T, Form::kBytes>(0, count, use)) return;
     if (WithEnds<T, kFewest>(count, use)) return;
   }
   use(Singly<T>{count});

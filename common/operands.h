@@ -68,11 +68,11 @@ struct TargetOf {
   VX_LANE void Write(Place place, V samples) const {
     place.StoreTo(row, samples);
   }
-  // Samples from the start of the row to its first kBytes-byte boundary behind that, 1 at
-  // least.
+  // The first sample behind sample x that lies at a kBytes-byte boundary.
   template <int kBytes>
-  VX_LANE intptr_t ToBoundary() const {
-    return (kBytes - (reinterpret_cast<uintptr_t>(row) & (kBytes - 1))) / sizeof(T);
+  VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
+    const auto past = reinterpret_cast<uintptr_t>(row + x) & (kBytes - 1);
+    return x + static_cast<intptr_t>((kBytes - past) / sizeof(T));
   }
   VX_LANE TargetOf From(intptr_t x) const { return {row + x, stride}; }
   VX_LANE void NextRow() { row = Below(row, stride); }
@@ -107,8 +107,8 @@ struct TwoTargetsOf {
     second.Write(place, samples.second);
   }
   template <int kBytes>
-  VX_LANE intptr_t ToBoundary() const {
-    return first.template ToBoundary<kBytes>();
+  VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
+    return first.template BoundaryAfter<kBytes>(x);
   }
   VX_LANE void NextRow() {
     first.NextRow();

@@ -42,16 +42,14 @@ inline constexpr intptr_t kRegistersToAlign = 12;
 // original samples, and stored last; so is a first one that reaches over the boundary.
 template <class V, class Rule, class To, class... From>
 VX_INLINE void ApplyToRow(Blocks<V> blocks, Rule rule, To to, From... from) {
+  const auto apply = [=](auto block) VX_INLINED { ApplyAt(block, rule, to, from...); };
   const auto last = ResultAt(blocks.Last(), rule, to, from...);
-  const auto fromSampleOn = [=](intptr_t x) VX_INLINED {
-    blocks.ForEachBeforeLast(x, [=](auto block) VX_INLINED { ApplyAt(block, rule, to, from...); });
-  };
-  if (sizeof(V) > 16 && blocks.count >= kRegistersToAlign * kLaneCount<V>) {
+  if (sizeof(V) > 16 && blocks.end - blocks.start >= kRegistersToAlign * kLaneCount<V>) {
     const auto first = ResultAt(blocks.First(), rule, to, from...);
-    fromSampleOn(to.template ToBoundary<sizeof(V)>());
+    blocks.ForEachBeforeLast(to.template BoundaryAfter<sizeof(V)>(blocks.start), apply);
     to.Write(blocks.First(), first);
   } else {
-    fromSampleOn(0);
+    blocks.ForEachBeforeLast(blocks.start, apply);
   }
   to.Write(blocks.Last(), last);
 }
@@ -60,11 +58,12 @@ VX_INLINE void ApplyToRow(Walk walk, Rule rule, To to, From... from) {
   walk.ForEach([=](auto place) VX_INLINED { ApplyAt(place, rule, to, from...); });
 }
 
-// `count` samples of one row.
-template <class Form, class Rule, class To, class... From>
-VX_INLINE void ApplyInBlocks(intptr_t count, Rule rule, To to, From... from) {
-  WithBlocks<Form, typename To::Sample>(
-      count, [=](auto walk) VX_INLINED { ApplyToRow(walk, rule, to, from...); });
+// A row of fewer than 16 bytes.
+template <class Rule, class To, class... From>
+VX_INLINE void ApplyToShort(intptr_t count, Rule rule, To to, From... from) {
+  using T = typename To::Sample;
+  const auto apply = [=](auto walk) VX_INLINED { ApplyToRow(walk, rule, to, from...); };
+  if (!WithEnds<T, 2>(count, apply)) apply(Singly<T>{count});
 }
 
 // Calls work(to, from...) with each row in turn.

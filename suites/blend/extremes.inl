@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/groups.h"
+#include "common/overlap.h"
 #include "common/rows.h"
 #include "suites/blend/extremes.h"
 
@@ -10,9 +11,6 @@ namespace vantrix {
 // Blocks are stored or left alone whole; steps are what a row is measured in.
 inline constexpr intptr_t kStoreBlock = 16;
 inline constexpr intptr_t kStep = 2 * kStoreBlock;
-// Samples that are read before the first of them is written.
-template <class Form>
-inline constexpr intptr_t kAtOnce = 2 * Form::kBytes;
 
 // In order, and storing changed samples only: right for any overlap.
 template <class Rule>
@@ -23,51 +21,66 @@ VX_INLINE void ApplyInOrder(intptr_t count, Rule rule, Target to, Plane from) {
   });
 }
 
+template <class V, class Rule>
+VX_INLINE void StoreChanged(Block<V> block, Rule rule, Target to, Plane from) {
+  const V before = to.At(block);
+  StoreChangedGroups(to.row + block.x, before, rule(before, from.At(block)));
+}
 // Two registers under one test, as most steps change both or neither.
 template <class V, class Rule>
-VX_INLINE void StoreChangedBlocks(intptr_t x, Rule rule, Target to, Plane from) {
-  const Block<V> here{x}, next{x + kLaneCount<V>};
-  const V before = to.At(here), nextBefore = to.At(next);
-  const V after = rule(before, from.At(here)), nextAfter = rule(nextBefore, from.At(next));
+VX_INLINE void StoreChanged(Block<V> block, Block<V> next, Rule rule, Target to, Plane from) {
+  const V before = to.At(block), nextBefore = to.At(next);
+  const V after = rule(before, from.At(block)), nextAfter = rule(nextBefore, from.At(next));
   if (AllSet((after == before) & (nextAfter == nextBefore))) return;
-  StoreChangedGroups(to.row + here.x, before, after);
+  StoreChangedGroups(to.row + block.x, before, after);
   StoreChangedGroups(to.row + next.x, nextBefore, nextAfter);
 }
 
+// Samples x to `end`, whole steps, in registers of kBytes bytes and then of halves of that.
+template <int kBytes, class Rule>
+VX_INLINE void StoreChangedSteps(intptr_t x, intptr_t end, Rule rule, Target to, Plane from) {
+  using V = Lanes<uint8_t, kBytes>;
+  for (; x + 2 * kBytes <= end; x += 2 * kBytes)
+    StoreChanged(Block<V>{x}, Block<V>{x + kBytes}, rule, to, from);
+  if constexpr (kBytes > kStep) {
+    StoreChangedSteps<kBytes / 2>(x, end, rule, to, from);
+  } else if constexpr (kBytes == kStep) {
+    if (x < end) StoreChanged(Block<V>{x}, rule, to, from);
+  }
+}
+
+// At least a step of samples.
 template <class Form, class Rule>
-VX_INLINE void StoreChangedInBlocks(intptr_t count, Rule rule, Target to, Plane from) {
-  using V = Register<uint8_t, Form>;
-  const auto writeAll = [=](intptr_t first, intptr_t samples) VX_INLINED {
-    ApplyInBlocks<Form>(samples, rule, to.From(first), from.From(first));
-  };
-  intptr_t x = -reinterpret_cast<uintptr_t>(to.row) & (kStoreBlock - 1);
-  if (count - x < kStep) return writeAll(0, count);
-  writeAll(0, x);
-  const intptr_t end = x + (count - x) / kStep * kStep;
-  for (; x + kAtOnce<Form> <= end; x += kAtOnce<Form>) StoreChangedBlocks<V>(x, rule, to, from);
-  if constexpr (kAtOnce<Form> > kStep)
-    for (; x < end; x += kStep) StoreChangedBlocks<Lanes<uint8_t, kStoreBlock>>(x, rule, to, from);
-  writeAll(x, count - x);
+VX_INLINE void StoreChangedInRow(intptr_t count, Rule rule, Target to, Plane from) {
+  using Widest = Lanes < uint8_t, Form::kBytes<kStep ? Form::kBytes : kStep>;
+  const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kStoreBlock - 1);
+  if (count - head < kStep) return ApplyToRow(Blocks<Widest>{count}, rule, to, from);
+  const intptr_t end = head + (count - head) / kStep * kStep;
+  ApplyToShort(head, rule, to, from);
+  StoreChangedSteps<Form::kBytes>(head, end, rule, to, from);
+  if (count - end >= kStoreBlock)
+    ApplyToRow(Blocks<Lanes<uint8_t, kStoreBlock>>{count, end}, rule, to, from);
+  else
+    ApplyToShort(count - end, rule, to.From(end), from.From(end));
 }
 
 template <class Mode, class Form>
 void ChangedBlocks(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
                    int32_t sourceStride, int32_t destinationStride) {
-  const intptr_t count = columns;
-  const auto row = [=](Target to, Plane from) VX_INLINED {
-    constexpr Mode rule;
-    if constexpr (Form::kBytes == 1) {
-      ApplyInOrder(count, rule, to, from);
-    } else {
-      // Some samples are read before others are written; a source a little behind would
-      // have been changed by then.
-      const auto ahead =
-          reinterpret_cast<uintptr_t>(to.row) - reinterpret_cast<uintptr_t>(from.row);
-      if (ahead > 0 && ahead < uintptr_t{kAtOnce<Form>}) return ApplyInOrder(count, rule, to, from);
-      StoreChangedInBlocks<Form>(count, rule, to, from);
-    }
+  const Target target{destination, destinationStride};
+  const Plane plane{source, sourceStride};
+  const auto inEachRow = [=](auto work) VX_INLINED {
+    ForEachRow(
+        rows, [=](Target to, Plane from) VX_INLINED { work(columns, Mode{}, to, from); }, target,
+        plane);
   };
-  ForEachRow(rows, row, Target{destination, destinationStride}, Plane{source, sourceStride});
+  // Registers read samples before others are written.
+  if (Form::kBytes == 1 || OverlapsInPart(plane, target, rows, columns))
+    return inEachRow([](auto... row) VX_INLINED { ApplyInOrder(row...); });
+  if constexpr (Form::kBytes > 1) {
+    if (columns < kStep) return BlendRows<Form>(rows, columns, target, Mode{}, plane);
+    inEachRow([](auto... row) VX_INLINED { StoreChangedInRow<Form>(row...); });
+  }
 }
 
 }  // namespace vantrix

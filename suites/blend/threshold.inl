@@ -23,11 +23,12 @@ struct WhereZero {
 // quicker than a branch, which a varied mask would mispredict.
 template <class Selects, class Source>
 VX_INLINE void CopySingly(intptr_t count, Selects selects, Target to, Source source, Plane mask) {
+  using One = Block<Lanes<uint8_t, 1>>;
   uint8_t aside;
-  Singly<uint8_t>{count}.ForEach([&](auto sample) VX_INLINED {
-    uint8_t* const place = selects(mask.At(sample))[0] ? to.row + sample.x : &aside;
-    *place = source.At(sample)[0];
-  });
+  for (intptr_t x = 0; x < count; ++x) {
+    uint8_t* const place = selects(mask.At(One{x}))[0] ? to.row + x : &aside;
+    *place = source.At(One{x})[0];
+  }
 }
 
 // A row of fewer than 16 samples, writing only those selected: none or all of them
@@ -54,27 +55,41 @@ struct CopySelected {
   }
 };
 
+// A row of at least a block, in whose blocks every sample is written.
+inline constexpr intptr_t kWrittenBlock = 16;
+template <class Form, class Selects, class Source>
+VX_INLINE void CopyLong(intptr_t count, Selects selects, Target to, Source source, Plane mask) {
+  const auto copyShort = [=](intptr_t x, intptr_t samples) VX_INLINED {
+    CopyShort(samples, selects, to.From(x), source.From(x), mask.From(x));
+  };
+  const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kWrittenBlock - 1);
+  const intptr_t end = head + ((count - head) & -kWrittenBlock);
+  copyShort(0, head);
+  const CopySelected<Selects> rule{selects};
+  WithWholeBlocks<uint8_t, Form::kBytes>(head, end, [=]<class V>(Blocks<V> blocks) VX_INLINED {
+    // Registers of one block end where the blocks do: none reaches back.
+    if constexpr (sizeof(V) == kWrittenBlock)
+      blocks.ForEach([=](auto block) VX_INLINED { ApplyAt(block, rule, to, source, mask); });
+    else
+      ApplyToRow(blocks, rule, to, source, mask);
+  });
+  copyShort(end, count - end);
+}
+
 template <class Form, class Selects, class Source>
 VX_INLINE void CopyWhere(int32_t rows, int32_t columns, Selects selects, Target destination,
                          Source source, Plane mask) {
-  constexpr intptr_t kBlock = 16;  // in whose blocks every sample is written
-  const intptr_t count = columns;
-  const auto row = [=](Target to, Source s, Plane m) VX_INLINED {
-    if (Form::kBytes == 1) return CopySingly(count, selects, to, s, m);
-    const auto copyShort = [=](intptr_t x, intptr_t samples) VX_INLINED {
-      CopyShort(samples, selects, to.From(x), s.From(x), m.From(x));
-    };
-    const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kBlock - 1);
-    if (count < kBlock) return copyShort(0, count);
-    copyShort(0, head);
-    const intptr_t inBlocks = (count - head) & -kBlock;
-    if (inBlocks > 0)
-      WithWholeBlocks<uint8_t, Form::kBytes>(inBlocks, [=](auto walk) VX_INLINED {
-        ApplyToRow(walk, CopySelected<Selects>{selects}, to.From(head), s.From(head), m.From(head));
-      });
-    copyShort(head + inBlocks, count - head - inBlocks);
+  const auto inEachRow = [=](auto work) VX_INLINED {
+    ForEachRow(
+        rows, [=](auto... row) VX_INLINED { work(columns, selects, row...); }, destination, source,
+        mask);
   };
-  ForEachRow(rows, row, destination, source, mask);
+  if constexpr (Form::kBytes == 1)
+    inEachRow([](auto... row) VX_INLINED { CopySingly(row...); });
+  else if (columns < kWrittenBlock)
+    inEachRow([](auto... row) VX_INLINED { CopyShort(row...); });
+  else
+    inEachRow([](auto... row) VX_INLINED { CopyLong<Form>(row...); });
 }
 
 template <class Form>

@@ -47,7 +47,7 @@ uint32_t BytesAllEqual(const uint8_t* pointer, int32_t bytes, uint32_t value) {
   if (count >= 8 * kBytes) return BlocksAreEqual<V, 8>(pointer, count, wanted);
   if (count >= 4 * kBytes) return BlocksAreEqual<V, 4>(pointer, count, wanted);
   bool isEqual = true;
-  if (WithWholeBlocks<uint8_t, Form::kBytes>(count, [&]<class W>(Blocks<W>) VX_INLINED {
+  if (WithWholeBlocks<uint8_t, Form::kBytes>(0, count, [&]<class W>(Blocks<W>) VX_INLINED {
         isEqual = BlocksAreEqual<W, 1>(pointer, count, wanted);
       }))
     return isEqual;
