@@ -1,6 +1,7 @@
 // Bodies of threshold.h, for the units that instantiate them.
 #pragma once
 
+#include "common/masked.h"
 #include "common/rows.h"
 #include "suites/blend/threshold.h"
 
@@ -31,12 +32,20 @@ VX_INLINE void CopySingly(intptr_t count, Selects selects, Target to, Source sou
   }
 }
 
+template <class Place, class Selects, class Source>
+VX_INLINE void CopyLanes(Place lanes, Selects selects, Target to, Source source, Plane mask) {
+  lanes.StoreWhere(selects(mask.At(lanes)), to.row, source.At(lanes));
+}
+
 // A row of fewer than 16 samples, writing only those selected: none or all of them
 // mostly, as masks go, else one by one.
 template <class Selects, class Source>
 VX_INLINE void CopyShort(intptr_t count, Selects selects, Target to, Source source, Plane mask) {
+  using V = Lanes<uint8_t, 16>;
+  if constexpr (kHasMasks)
+    return CopyLanes(SomeLanes<V>::FirstAfter(0, count), selects, to, source, mask);
   if (count < 8) return CopySingly(count, selects, to, source, mask);
-  const Ends<Lanes<uint8_t, 16>, 8> ends{count};
+  const Ends<V, 8> ends{count};
   const uint32_t selected = SetBytes(selects(mask.At(ends)));
   if (selected == 0xFFFF) return to.Write(ends, source.At(ends));
   for (uint32_t rest = selected; rest != 0; rest &= rest - 1) {
@@ -64,7 +73,12 @@ VX_INLINE void CopyLong(intptr_t count, Selects selects, Target to, Source sourc
   };
   const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kWrittenBlock - 1);
   const intptr_t end = head + ((count - head) & -kWrittenBlock);
-  copyShort(0, head);
+  if (head > 0) {
+    if constexpr (kHasMasks)
+      CopyLanes(SomeLanes<Lanes<uint8_t, 16>>::LastBefore(head, head), selects, to, source, mask);
+    else
+      copyShort(0, head);
+  }
   const CopySelected<Selects> rule{selects};
   WithWholeBlocks<uint8_t, Form::kBytes>(head, end, [=]<class V>(Blocks<V> blocks) VX_INLINED {
     // Registers of one block end where the blocks do: none reaches back.
@@ -73,12 +87,13 @@ VX_INLINE void CopyLong(intptr_t count, Selects selects, Target to, Source sourc
     else
       ApplyToRow(blocks, rule, to, source, mask);
   });
-  copyShort(end, count - end);
+  if (end < count) copyShort(end, count - end);
 }
 
 template <class Form, class Selects, class Source>
 VX_INLINE void CopyWhere(int32_t rows, int32_t columns, Selects selects, Target destination,
                          Source source, Plane mask) {
+  if (columns < 1) return;
   const auto inEachRow = [=](auto work) VX_INLINED {
     ForEachRow(
         rows, [=](auto... row) VX_INLINED { work(columns, selects, row...); }, destination, source,
