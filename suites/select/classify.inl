@@ -1,7 +1,7 @@
 // Bodies of classify.h, for the units that instantiate them.
 #pragma once
 
-#include "common/lane_ops.h"
+#include "common/blocks.h"
 #include "plugin/suites.h"
 #include "suites/select/classify.h"
 
@@ -24,28 +24,42 @@ struct Fold {
   }
 };
 
-// `count` entries in whole registers; four at a time, into folds of their own.
+// The 16-byte groups of a fold's registers, folded into one.
+template <class V>
+VX_INLINE auto InOneGroup(Fold<V> fold) {
+  if constexpr (sizeof(V) == 16) {
+    return fold;
+  } else {
+    using HalfOf = decltype(Half<0>(V{}));
+    return InOneGroup(
+        Fold<HalfOf>{Half<0>(fold.any) | Half<1>(fold.any), Half<0>(fold.all) & Half<1>(fold.all)});
+  }
+}
+
+// Entries x to `end` in whole registers, as far as they go, four at a time into folds of
+// their own. Returns the first entry that is left.
 template <class V, class T>
-VX_INLINE void FoldBlocks(const T* from, intptr_t count, Fold<V>& fold) {
+VX_INLINE intptr_t FoldBlocks(const T* row, intptr_t x, intptr_t end, Fold<V>& fold) {
   constexpr intptr_t kLanes = kLaneCount<V>;
-  intptr_t x = 0;
-  if (count >= 4 * kLanes) {
+  if (end - x >= 4 * kLanes) {
     Fold<V> second, third, fourth;
-    for (; x + 4 * kLanes <= count; x += 4 * kLanes) {
-      fold.Take(Load<V>(from + x));
-      second.Take(Load<V>(from + x + kLanes));
-      third.Take(Load<V>(from + x + 2 * kLanes));
-      fourth.Take(Load<V>(from + x + 3 * kLanes));
+#pragma GCC unroll 2
+    for (; x + 4 * kLanes <= end; x += 4 * kLanes) {
+      fold.Take(Load<V>(row + x));
+      second.Take(Load<V>(row + x + kLanes));
+      third.Take(Load<V>(row + x + 2 * kLanes));
+      fourth.Take(Load<V>(row + x + 3 * kLanes));
     }
     second.Take(third);
     fold.Take(second);
     fold.Take(fourth);
   }
-  for (; x + kLanes <= count; x += kLanes) fold.Take(Load<V>(from + x));
+  for (; x + kLanes <= end; x += kLanes) fold.Take(Load<V>(row + x));
+  return x;
 }
 
 // Folds rows, each by foldRow, until isMixed says that the class can only be MaskClass::kMixed;
-// whether it did.
+// returns whether it did.
 template <class V, class T, class FoldRow, class IsMixed>
 VX_INLINE bool FoldRows(const T* data, int32_t rows, int32_t rowBytes, Fold<V>& fold,
                         FoldRow foldRow, IsMixed isMixed) {
@@ -56,24 +70,18 @@ VX_INLINE bool FoldRows(const T* data, int32_t rows, int32_t rowBytes, Fold<V>& 
   return false;
 }
 
-}  // namespace
-
-template <class Form>
-int32_t SelectClassify8(const uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
-  constexpr int kSlot = 33;
-  if (width < 16)
-    return Call<Classify8Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
-
-  using V = Bytes16;
-  const auto lightAnywhere = [](Fold<V> fold)
-                                 VX_INLINED { return SetBytes(IsLight(fold.any)) != 0; };
+// In registers of V, which the rows are as wide as at least. The lanes do not matter.
+template <class V>
+VX_INLINE int32_t ClassifyBytes(const uint8_t* data, int32_t rows, int32_t width,
+                                int32_t rowBytes) {
+  const auto lightAnywhere = [](Fold<V> fold) VX_INLINED { return !NoneSet(IsLight(fold.any)); };
   const auto lightThroughout = [](Fold<V> fold) VX_INLINED { return AllSet(IsLight(fold.all)); };
   Fold<V> fold;
   const bool isMixed = FoldRows(
       data, rows, rowBytes, fold,
       [=](const uint8_t* row, Fold<V>& into) VX_INLINED {
-        FoldBlocks(row, width, into);
-        into.Take(Load<V>(row + width - 16));
+        FoldBlocks(row, 0, width, into);
+        into.Take(Load<V>(row + width - kLaneCount<V>));
       },
       [=](Fold<V> soFar) VX_INLINED { return lightAnywhere(soFar) && !lightThroughout(soFar); });
   if (isMixed) return MaskClass::kMixed;
@@ -82,17 +90,18 @@ int32_t SelectClassify8(const uint8_t* data, int32_t rows, int32_t width, int32_
   return lightAnywhere(fold) ? MaskClass::kFromHalf : MaskClass::kBelowHalf;
 }
 
-template <class Form>
-int32_t SelectClassify16(const uint16_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
-  constexpr int kSlot = 75;
-  if (width < 8)
-    return Call<Classify16Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
+// The eight lanes that the rule counts entries into.
+using WordLanes = Lanes<uint16_t, 8>;
 
-  using V = Words8;
+// In registers of Wide, which are whole groups of eight entries, where rows have as many.
+template <class Wide>
+VX_INLINE int32_t ClassifyWords(const uint16_t* data, int32_t rows, int32_t width,
+                                int32_t rowBytes) {
+  using V = WordLanes;
   const auto below = [](V v) VX_INLINED { return As<Lanes<int16_t, 8>>(v) < 16384; };
   Fold<V> fold;
   const bool isMixed = FoldRows(
-      data, rows, rowBytes & ~1, fold,
+      data, rows, rowBytes, fold,
       [=](const uint16_t* row, Fold<V>& into) VX_INLINED {
         const intptr_t past = reinterpret_cast<uintptr_t>(row) & 15;
         intptr_t x = 0;
@@ -100,17 +109,50 @@ int32_t SelectClassify16(const uint16_t* data, int32_t rows, int32_t width, int3
           into.Take(Load<V>(row));
           x = (16 - past) / 2;
         }
-        FoldBlocks(row + x, width - x, into);
-        if ((width - x) % 8 != 0) into.Take(Load<V>(row + width - 8));
+        if constexpr (sizeof(Wide) > sizeof(V)) {
+          Fold<Wide> wide;
+          x = FoldBlocks(row, x, width, wide);
+          into.Take(InOneGroup(wide));
+        }
+        x = FoldBlocks(row, x, width, into);
+        if (x < width) into.Take(Load<V>(row + width - 8));
       },
       [=](Fold<V> soFar)
-          VX_INLINED { return !AllSet(below(soFar.any)) && SetBytes(below(soFar.all)) != 0; });
+          VX_INLINED { return !AllSet(below(soFar.any)) && !NoneSet(below(soFar.all)); });
   if (isMixed) return MaskClass::kMixed;
   if (AllSet(fold.any == 0)) return MaskClass::kEmpty;
   if (AllSet(fold.all == 0x8000)) return MaskClass::kFull;
-  const bool noneBelow = SetBytes(below(fold.any)) == 0, allBelow = AllSet(below(fold.any));
-  if (noneBelow) return SetBytes(below(fold.all)) == 0 ? MaskClass::kFromHalf : MaskClass::kMixed;
+  const bool noneBelow = NoneSet(below(fold.any)), allBelow = AllSet(below(fold.any));
+  if (noneBelow) return NoneSet(below(fold.all)) ? MaskClass::kFromHalf : MaskClass::kMixed;
   return allBelow && AllSet(below(fold.all)) ? MaskClass::kBelowHalf : MaskClass::kMixed;
+}
+
+}  // namespace
+
+template <class Form>
+int32_t SelectClassify8(const uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
+  constexpr int kSlot = 33;
+  int32_t answer = 0;
+  if (WithWholeBlocks<uint8_t, Form::kBytes>(0, width, [&]<class V>(Blocks<V>) VX_INLINED {
+        answer = ClassifyBytes<V>(data, rows, width, rowBytes);
+      }))
+    return answer;
+  return Call<Classify8Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
+}
+
+template <class Form>
+int32_t SelectClassify16(const uint16_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
+  constexpr int kSlot = 75;
+  if (width < 8)
+    return Call<Classify16Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
+  int32_t answer = 0;
+  const auto classify = [&]<class V>(Blocks<V>) VX_INLINED {
+    answer = ClassifyWords<V>(data, rows, width, rowBytes & ~1);
+  };
+  // Folding a wide register's groups takes as long as four of them.
+  if (!WithWholeBlocks<uint16_t, Form::kBytes>(0, width / 4, classify))
+    classify(Blocks<WordLanes>{width});
+  return answer;
 }
 
 }  // namespace vantrix
