@@ -8,26 +8,40 @@ namespace vantrix {
 namespace {
 
 // The pair that an entry is left with; first is the priority. kHolds is the carried
-// priority that holds an entry back.
+// priority that holds an entry back. An entry that is met twice keeps what it has.
 template <uint16_t kHolds>
 struct TakeOver {
-  static constexpr int kFewestInRegister = 8;  // halves stored apart are slow to reload
   template <class V>
-  VX_INLINE Pair<V> operator()(Pair<V> own, V priorityBefore, V valueBefore) const {
-    const V carried = priorityBefore + As<V>(priorityBefore > 1);  // less 1: the mask is -1
+  VX_INLINE Pair<V> operator()(Pair<V> own, Pair<V> before) const {
+    const V carried = before.first + As<V>(before.first > 1);  // less 1: the mask is -1
     const auto keeps = (carried == LaneOf<V>(kHolds)) | (own.first > carried);
-    return {keeps ? own.first : carried, keeps ? own.second : valueBefore};
+    return {keeps ? own.first : carried, keeps ? own.second : before.second};
   }
 };
 
-// Lines side by side: all of them, or those of a group, one entry further at a time.
+// Lines side by side: all of them, or those of a group. Many are walked all together, one
+// entry further at a time. Of few, as many as a register holds are walked to their ends, as
+// the entry before, reloaded, would wait for the stores of it.
 template <class Form, class Rule, class T>
 VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineCount,
                                  int32_t lineLength, int32_t entryBytes) {
-  BlendRows<Form>(lineLength - 1, lineCount,
-                  TwoTargetsOf<T>{{Below(priority, entryBytes), entryBytes},
-                                  {Below(value, entryBytes), entryBytes}},
-                  rule, PlaneOf<T>{priority, entryBytes}, PlaneOf<T>{value, entryBytes});
+  const auto atEntry = [=](intptr_t i) VX_INLINED {
+    const intptr_t bytes = i * entryBytes;
+    return TwoTargetsOf<T>{{Below(priority, bytes), entryBytes}, {Below(value, bytes), entryBytes}};
+  };
+  constexpr int32_t kFew = 4 * kLaneCount<Register<T, Form>>;
+  if (Form::kBytes > 1 && lineCount < kFew)
+    WithBlocks<Form, T>(lineCount, [=](auto walk) VX_INLINED {
+      walk.ForEach([=](auto place) VX_INLINED {
+        auto before = atEntry(0).At(place);
+        for (int32_t i = 1; i < lineLength; ++i) {
+          before = rule(atEntry(i).At(place), before);
+          atEntry(i).Write(place, before);
+        }
+      });
+    });
+  else
+    BlendRows<Form>(lineLength - 1, lineCount, atEntry(1), rule, atEntry(0));
 }
 
 // One line after another, an entry at a time. What is carried stays in registers.
@@ -104,7 +118,7 @@ VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_
 #pragma GCC unroll 16
       for (int k = 0; k < kSide; ++k) {
         const int at = entryStep > 0 ? k : kSide - 1 - k;
-        before = TakeOver<0>{}({priorities.rows[at], values.rows[at]}, before.first, before.second);
+        before = TakeOver<0>{}({priorities.rows[at], values.rows[at]}, before);
         priorities.rows[at] = before.first;
         values.rows[at] = before.second;
       }
