@@ -16,17 +16,24 @@ namespace vantrix::bench {
 // Cycles of this processor per tick of its time stamp counter, measured once.
 double CyclesPerTick();
 
-// Registers a benchmark of one routine: the exercise builds the scene of this shape,
-// the routine is called in it again and again. Counts cycles per sample of the shape
-// and cycles per row.
-void Register(const std::string& name, host::Exercise* exercise, Routine routine,
-              host::Shape shape);
+// Registers a benchmark of one routine: the exercise builds the scene of this shape, in
+// which all planes are aligned or none is, and the routine is called in it again and again.
+// Counts cycles per sample of the shape and cycles per row.
+void Register(const std::string& name, host::Exercise* exercise, Routine routine, host::Shape shape,
+              bool isMisaligned);
 
 // The arena in which all routines are measured, one after another.
 host::Arena& MeasuringArena();
 
-// A line of progress now and then, from whatever measures.
-void TellProgress();
+// Counts a run that measured, and tells now and then how many there were. A benchmark's first
+// runs only find out how many iterations it takes.
+class Progress {
+ public:
+  void Count(const benchmark::State& state);
+
+ private:
+  int64_t iterations_ = 0;  // of the run before
+};
 
 // What is done in a slot, in one particular setting: a job for several routines.
 struct Case {
@@ -35,6 +42,7 @@ struct Case {
   std::string setting;  // empty for the usual one
   host::Exercise* exercise;
   std::vector<host::Shape> shapes;
+  bool isMisaligned = false;  // then the kernels alone are measured
 };
 std::vector<Case> Cases();
 
@@ -48,7 +56,7 @@ constexpr bool IsBiggest(host::Shape shape) { return shape.rows == 4096; }
 struct Competitor {
   SuiteIndex suite;
   uint16_t slot;
-  const char* form;
+  std::string form;
   Routine routine;
   const char* onlySetting;  // null for all
   bool isTwin = false;      // whether it gives the same to the bit
@@ -64,11 +72,11 @@ bool Compete(const char* form, SuiteIndex suite, std::initializer_list<uint16_t>
   return true;
 }
 
-template <class Signature>
-bool CompeteAsTwin(const char* form, SuiteIndex suite, uint16_t slot, Signature* routine) {
-  Compete(form, suite, {slot}, routine);
-  return Competitors().back().isTwin = true;
-}
+// Adds those of every form that runs here, which start-up has found out.
+void AddCompetitorsByForm();
+
+// Tells, beside the results, how many bytes the registers of each form add in a cycle.
+void DescribePorts();
 
 void RegisterFillArray();
 void RegisterKernels();

@@ -65,13 +65,13 @@ void Vertically(Routine routine, Scene& scene) {
 }
 
 const std::vector<Shape> kAllPlanes(std::begin(kPlanes), std::end(kPlanes));
-const std::vector<Shape> kSmallPlanes(std::begin(kPlanes), std::end(kPlanes) - 1);
+const std::vector<Shape> kCachedPlanes(std::begin(kPlanes), std::end(kPlanes) - 1);
 
 std::vector<Shape> UsualShapes(SuiteIndex suite, uint16_t slot) {
   if (suite == kFilter && (slot == 188 || slot == 189)) return {{1, 128}};  // one block
   // Floats are four times the bytes; the widest are left out.
   const bool isFloat = (suite == kFilter && slot > 190) || (suite == kResample && slot > 25);
-  std::vector<Shape> shapes = isFloat ? kSmallPlanes : kAllPlanes;
+  std::vector<Shape> shapes = isFloat ? kCachedPlanes : kAllPlanes;
   shapes.insert(shapes.end(), std::begin(kShortRows), std::end(kShortRows));
   return shapes;
 }
@@ -84,17 +84,47 @@ std::vector<Shape> Runs() {
   return runs;
 }
 
+// The shapes of a slot, with short rows for the first setting of it alone.
+std::vector<Shape> ShapesOfSetting(const std::vector<Case>& cases, SuiteIndex suite,
+                                   uint16_t slot) {
+  std::vector<Shape> shapes = UsualShapes(suite, slot);
+  for (const Case& other : cases)
+    if (other.suite == suite && other.slot == slot) std::erase_if(shapes, IsShortRow);
+  return shapes;
+}
+
+void AddSetting(std::vector<Case>& cases, SuiteIndex suite, uint16_t slot,
+                const std::string& setting, host::Exercise* exercise) {
+  cases.push_back({suite, slot, setting, exercise, ShapesOfSetting(cases, suite, slot)});
+}
+
 template <class Sample, int... kTaps>
-void AddFilters(std::vector<Case>& cases, uint16_t horizontal, uint16_t vertical,
-                const std::vector<Shape>& shapes) {
+void AddFilters(std::vector<Case>& cases, uint16_t horizontal, uint16_t vertical) {
   const auto add = [&](uint16_t slot, int taps, const char* scale, host::Exercise* exercise) {
-    if (slot == 0) return;
-    cases.push_back({kResample, slot, std::to_string(taps) + " taps x" + scale, exercise, shapes});
+    if (slot != 0)
+      AddSetting(cases, kResample, slot, std::to_string(taps) + " taps x" + scale, exercise);
   };
   (add(horizontal, kTaps, "0.73", Horizontally<Sample, kTaps, 73>), ...);
   (add(horizontal, kTaps, "1.7", Horizontally<Sample, kTaps, 170>), ...);
   if constexpr (!std::is_same_v<Sample, uint16_t>)
     (add(vertical, kTaps, "0.73", Vertically<Sample, kTaps, 73>), ...);
+}
+
+// Whether a slot is measured in settings of its own and not as its exercise has it.
+bool HasSettings(SuiteIndex suite, uint16_t slot) {
+  constexpr uint16_t kFilters[] = {3, 5, 6, 13, 26, 27};
+  if (suite == kFilter) return slot == 28;
+  return suite == kResample && std::ranges::find(kFilters, slot) != std::end(kFilters);
+}
+
+// Where planes lie matters to kernels that load and store all of a row in registers.
+bool IsMeasuredMisaligned(const Case& job) {
+  if (job.shapes.size() == 1 || job.setting == "disc") return false;
+  const auto isIn = [&](std::initializer_list<uint16_t> slots) {
+    return std::ranges::find(slots, job.slot) != slots.end();
+  };
+  return job.suite == kBlend || job.suite == kConvert || (job.suite == kFilter && isIn({12, 28})) ||
+         (job.suite == kResample && isIn({3, 6, 24, 27}));
 }
 
 }  // namespace
@@ -104,19 +134,27 @@ std::vector<Case> Cases() {
   for (const host::SuiteEntry& suite : host::Catalog()) {
     if (suite.index == kPath) continue;  // folds its input away: see fill_array.cpp
     for (const host::Reference& reference : suite.references)
-      cases.push_back({suite.index, reference.slot, "", reference.exercise,
-                       UsualShapes(suite.index, reference.slot)});
+      if (!HasSettings(suite.index, reference.slot))
+        AddSetting(cases, suite.index, reference.slot, "", reference.exercise);
   }
   for (const uint16_t slot : std::initializer_list<uint16_t>{2, 7, 10, 22, 47, 50})
-    cases.push_back({kBlend, slot, "disc", MaskedByDisc, kAllPlanes});
-  cases.push_back({kFilter, 28, "3 taps", Convolve<3>, kAllPlanes});
-  cases.push_back({kFilter, 28, "7 taps", Convolve<7>, kAllPlanes});
-  cases.push_back({kResample, 3, "of 2", AverageRows<2>, kAllPlanes});
-  cases.push_back({kResample, 3, "of 3", AverageRows<3>, kAllPlanes});
-  cases.push_back({kResample, 3, "of 7", AverageRows<7>, kAllPlanes});
-  AddFilters<uint8_t, 2, 4, 6>(cases, 5, 6, kAllPlanes);
-  AddFilters<uint16_t, 4, 6>(cases, 13, 0, kAllPlanes);
-  AddFilters<float, 4, 6>(cases, 26, 27, kSmallPlanes);
+    AddSetting(cases, kBlend, slot, "disc", MaskedByDisc);
+  AddSetting(cases, kFilter, 28, "3 taps", Convolve<3>);
+  AddSetting(cases, kFilter, 28, "7 taps", Convolve<7>);
+  AddSetting(cases, kResample, 3, "of 2", AverageRows<2>);
+  AddSetting(cases, kResample, 3, "of 3", AverageRows<3>);
+  AddSetting(cases, kResample, 3, "of 7", AverageRows<7>);
+  AddFilters<uint8_t, 4, 2, 6>(cases, 5, 6);
+  AddFilters<uint16_t, 4, 6>(cases, 13, 0);
+  AddFilters<float, 4, 6>(cases, 26, 27);
+  for (size_t i = 0, count = cases.size(); i < count; ++i) {
+    if (!IsMeasuredMisaligned(cases[i])) continue;
+    Case job = cases[i];
+    job.setting += job.setting.empty() ? "misaligned" : " misaligned";
+    job.shapes = kCachedPlanes;
+    job.isMisaligned = true;
+    cases.push_back(job);
+  }
   cases.push_back({kMemory, 0, "run", host::ExerciseCopyBytes, Runs()});
   cases.push_back({kMemory, 3, "run", host::ExerciseFillBytes, Runs()});
   return cases;

@@ -39,8 +39,8 @@ std::vector<uint32_t> MakeArray(uint32_t crossings, bool isScattered) {
   return words;
 }
 
-void Measure(benchmark::State& state, FillArrayRoutine* fold, uint32_t crossings, bool isScattered,
-             bool byWinding) {
+void Measure(benchmark::State& state, Progress& progress, FillArrayRoutine* fold,
+             uint32_t crossings, bool isScattered, bool byWinding) {
   const auto original = MakeArray(crossings, isScattered);
   auto words = original;
   auto* const array = reinterpret_cast<FillArray*>(words.data());
@@ -51,7 +51,7 @@ void Measure(benchmark::State& state, FillArrayRoutine* fold, uint32_t crossings
     fold(array, kUnion, byWinding);
     ticks += __rdtsc() - start;
   }
-  TellProgress();
+  progress.Count(state);
   state.counters["cycles_per_row"] = static_cast<double>(ticks) * CyclesPerTick() /
                                      static_cast<double>(state.iterations()) / array->endRow;
 }
@@ -67,8 +67,9 @@ void RegisterFillArray() {
                                    (isScattered ? "/scattered" : "/as above") +
                                    (byWinding ? "/winding/" : "/even-odd/");
           benchmark::RegisterBenchmark((name + std::to_string(crossings)).c_str(),
-                                       [=](benchmark::State& state) {
-                                         Measure(state, fold, crossings, isScattered, byWinding);
+                                       [=, progress = Progress{}](benchmark::State& state) mutable {
+                                         Measure(state, progress, fold, crossings, isScattered,
+                                                 byWinding);
                                        });
         }
   };

@@ -31,30 +31,34 @@ void RegisterCase(const Case& job) {
   const Routine expected = host::FindReference(suite, job.slot)->routine;
   const std::string name = std::string(suite.name) + "/" + std::to_string(job.slot) +
                            (job.setting.empty() ? "" : " " + job.setting) + "/";
-  const auto add = [&](const char* form, Routine routine, auto isWanted) {
+  const auto add = [&](const std::string& form, Routine routine, auto isWanted) {
     for (const host::Shape shape : job.shapes)
-      if (isWanted(shape)) Register(name + form, job.exercise, routine, shape);
+      if (isWanted(shape)) Register(name + form, job.exercise, routine, shape, job.isMisaligned);
   };
   const auto anyShape = [](host::Shape) { return true; };
   const auto notBiggest = [](host::Shape shape) { return !IsBiggest(shape); };
   const auto wholePlanes = [](host::Shape shape) { return !IsShortRow(shape); };
+  const auto inCache = [](host::Shape shape) { return !IsShortRow(shape) && !IsBiggest(shape); };
 
   ForEachBuild([&]<class Form>(SuiteIndex inSuite, const Build& build) {
     if (inSuite != job.suite || build.slot != job.slot || !Form::RunsOn(instructionSets)) return;
+    if (job.isMisaligned && Form::kBytes == 1) return;
     const Routine routine = build.routine();
     RequireSame(name + Form::kName, job, expected, routine);
     if (Form::kBytes == 1)
       add(Form::kName, routine, notBiggest);
+    else if (std::is_same_v<Form, Sse2> && instructionSets.ssse3)
+      add(Form::kName, routine, inCache);  // no processor of this kind has it in a table
     else
       add(Form::kName, routine, anyShape);
   });
+  if (job.isMisaligned) return;
   const Routine vectorised = FindVectorised(job.suite, job.slot);
   const Routine unvectorised = FindUnvectorised(job.suite, job.slot);
   RequireSame(name + "vectorised", job, expected, vectorised);
   RequireSame(name + "unvectorised", job, expected, unvectorised);
   add("vectorised", vectorised, wholePlanes);
-  add("unvectorised", unvectorised,
-      [](host::Shape shape) { return !IsShortRow(shape) && !IsBiggest(shape); });
+  add("unvectorised", unvectorised, inCache);
   for (const Competitor& other : Competitors()) {
     if (other.suite != job.suite || other.slot != job.slot) continue;
     if (other.onlySetting && job.setting != other.onlySetting) continue;

@@ -1,11 +1,10 @@
-// The limit of a slot: the cheapest loop in 16-byte registers that reads and writes the
-// planes that the slot does. Planes' rows are multiples of 64 bytes.
-#include <emmintrin.h>
-
+// The limit of a slot, in the form that this unit is compiled for: the cheapest loop that reads
+// and writes the planes that the slot does. Planes' rows are multiples of 64 bytes.
 #include <array>
 #include <utility>
 
-#include "bench/bench.h"
+#include "bench/by_form.h"
+#include "common/lanes.h"
 #include "suites/blend/signatures.h"
 #include "suites/convert/signatures.h"
 #include "suites/filter/signatures.h"
@@ -16,14 +15,14 @@
 namespace vantrix::bench {
 namespace {
 
+using V = Register<uint8_t, VX_FORM>;
+constexpr intptr_t kBytes = VX_FORM::kBytes;
+
 // A plane that is read, or written.
 template <class Byte>
 struct Rows {
   template <class T>
   Rows(T* first, intptr_t bytesApart) : row(reinterpret_cast<Byte*>(first)), stride(bytesApart) {}
-  __m128i_u* At(intptr_t x) const {
-    return const_cast<__m128i_u*>(reinterpret_cast<const __m128i_u*>(row + x));
-  }
 
   Byte* row;
   intptr_t stride;
@@ -36,18 +35,21 @@ using Out = std::array<Rows<uint8_t>, kCount>;
 // Writes what the inputs come to, joined by exclusive or, to every output.
 template <size_t kInputs, size_t kOutputs>
 void Stream(int32_t rows, intptr_t bytes, In<kInputs> inputs, Out<kOutputs> outputs) {
-  __m128i all[4] = {}, start{};
+  V all[4] = {}, start{};
   asm("" : "+x"(start));  // else nothing need be written, or by a library
+  const auto take = [&](intptr_t x, V& sum) VX_INLINED {
+    V v = kOutputs == 0 ? V{} : start;
+    for (const auto& input : inputs) v ^= Load<V>(input.row + x);
+    for (const auto& output : outputs) Store(output.row + x, v);
+    if constexpr (kOutputs == 0) sum ^= v;
+  };
   for (; rows > 0; --rows) {
-    for (intptr_t x = 0; x + 64 <= bytes; x += 64) {
+    intptr_t x = 0;
+    for (; x + 4 * kBytes <= bytes; x += 4 * kBytes) {
 #pragma GCC unroll 4
-      for (int i = 0; i < 4; ++i) {
-        __m128i v = kOutputs == 0 ? __m128i{} : start;
-        for (const auto& input : inputs) v ^= _mm_loadu_si128(input.At(x + 16 * i));
-        for (const auto& output : outputs) _mm_storeu_si128(output.At(x + 16 * i), v);
-        if constexpr (kOutputs == 0) all[i] ^= v;
-      }
+      for (int i = 0; i < 4; ++i) take(x + kBytes * i, all[i]);
     }
+    for (; x + kBytes <= bytes; x += kBytes) take(x, all[0]);
     for (auto& input : inputs) input.row += input.stride;
     for (auto& output : outputs) output.row += output.stride;
   }
@@ -167,39 +169,44 @@ void Vertical(const T* s, T* d, int32_t rows, int32_t width, const int32_t*, con
   Stream<1, 1>(rows, width * intptr_t{sizeof(T)}, {{{s, ss}}}, {{{d, ds}}});
 }
 
-constexpr const char* kLimit = "limit";
-[[maybe_unused]] const bool kCompete[] = {
-    Compete(kLimit, kBlend, {24, 27, 28, 29, 49, 52}, Plane),
-    Compete(kLimit, kBlend, {56, 57, 58, 59}, Opacity),
-    Compete(kLimit, kBlend, {2, 7, 10, 22, 30, 47, 50}, Masked),
-    Compete(kLimit, kBlend, {3, 8, 11, 26, 31, 48, 51}, Color),
-    Compete(kLimit, kBlend, {66, 74, 75}, Planes),
-    Compete(kLimit, kBlend, {96}, Share),
-    Compete(kLimit, kBlend, {97}, Inverted),
-    Compete(kLimit, kBlend, {106}, MaskFirst),
-    Compete(kLimit, kConvert, {18}, Expand),
-    Compete(kLimit, kConvert, {19}, Rescale),
-    Compete(kLimit, kFilter, {12}, Deviation),
-    Compete(kLimit, kFilter, {28}, Convolution),
-    Compete(kLimit, kMemory, {0}, CopyRun, ""),
-    Compete(kLimit, kMemory, {1}, CopyRows),
-    Compete(kLimit, kMemory, {3}, FillRun<uint8_t>, ""),
-    Compete(kLimit, kMemory, {4}, FillRows<uint8_t>),
-    Compete(kLimit, kMemory, {17}, EqualRun),
-    Compete(kLimit, kMemory, {18}, EqualRows),
-    Compete(kLimit, kMemory, {65}, FillRun<uint16_t>),
-    Compete(kLimit, kMemory, {66}, FillRows<uint16_t>),
-    Compete(kLimit, kResample, {3}, AverageRows),
-    Compete(kLimit, kResample, {5}, Horizontal<uint8_t>),
-    Compete(kLimit, kResample, {6}, Vertical<uint8_t>),
-    Compete(kLimit, kResample, {13}, Horizontal<uint16_t>),
-    Compete(kLimit, kResample, {24}, AverageArea),
-    Compete(kLimit, kResample, {26}, Horizontal<float>),
-    Compete(kLimit, kResample, {27}, Vertical<float>),
-    Compete(kLimit, kSelect, {26}, Mark),
-    Compete(kLimit, kSelect, {33}, Classify<uint8_t>),
-    Compete(kLimit, kSelect, {75}, Classify<uint16_t>),
+constexpr SlotsRoutine kLimits[] = {
+    {kBlend, {24, 27, 28, 29, 49, 52}, Entry<Plane>},
+    {kBlend, {56, 57, 58, 59}, Entry<Opacity>},
+    {kBlend, {2, 7, 10, 22, 30, 47, 50}, Entry<Masked>},
+    {kBlend, {3, 8, 11, 26, 31, 48, 51}, Entry<Color>},
+    {kBlend, {66, 74, 75}, Entry<Planes>},
+    {kBlend, {96}, Entry<Share>},
+    {kBlend, {97}, Entry<Inverted>},
+    {kBlend, {106}, Entry<MaskFirst>},
+    {kConvert, {18}, Entry<Expand>},
+    {kConvert, {19}, Entry<Rescale>},
+    {kFilter, {12}, Entry<Deviation>},
+    {kFilter, {28}, Entry<Convolution>},
+    {kMemory, {0}, Entry<CopyRun>, ""},
+    {kMemory, {1}, Entry<CopyRows>},
+    {kMemory, {3}, Entry<FillRun<uint8_t>>, ""},
+    {kMemory, {4}, Entry<FillRows<uint8_t>>},
+    {kMemory, {17}, Entry<EqualRun>},
+    {kMemory, {18}, Entry<EqualRows>},
+    {kMemory, {65}, Entry<FillRun<uint16_t>>},
+    {kMemory, {66}, Entry<FillRows<uint16_t>>},
+    {kResample, {3}, Entry<AverageRows>},
+    {kResample, {5}, Entry<Horizontal<uint8_t>>},
+    {kResample, {6}, Entry<Vertical<uint8_t>>},
+    {kResample, {13}, Entry<Horizontal<uint16_t>>},
+    {kResample, {24}, Entry<AverageArea>},
+    {kResample, {26}, Entry<Horizontal<float>>},
+    {kResample, {27}, Entry<Vertical<float>>},
+    {kSelect, {26}, Entry<Mark>},
+    {kSelect, {33}, Entry<Classify<uint8_t>>},
+    {kSelect, {75}, Entry<Classify<uint16_t>>},
 };
 
 }  // namespace
+
+template <>
+std::span<const SlotsRoutine> Limits<VX_FORM>() {
+  return kLimits;
+}
+
 }  // namespace vantrix::bench

@@ -13,8 +13,10 @@ int main(int count, char** arguments) {
   _mm_setcsr(control);
   benchmark::Initialize(&count, arguments);
   if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
+  bench::AddCompetitorsByForm();
   bench::RegisterKernels();
   bench::RegisterFillArray();
   benchmark::AddCustomContext("cycles_per_tick", std::to_string(bench::CyclesPerTick()));
+  bench::DescribePorts();
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -1,48 +1,90 @@
-// The masked normal blend by hand: what the kernels of slot 2 are measured against.
-#include <tmmintrin.h>
+// The masked normal blend by hand, in the form that this unit is compiled for: what the kernels
+// of slot 2 are measured against.
+#include <immintrin.h>
 
-#include "bench/bench.h"
+#include "bench/by_form.h"
 #include "suites/blend/signatures.h"
 
 namespace vantrix::bench {
 namespace {
 
+// A register, and the instructions on it.
+#if defined(__AVX512BW__)
+using V = __m512i;
+V LoadBlock(const uint8_t* from) { return _mm512_loadu_si512(from); }
+void StoreBlock(uint8_t* to, V v) { _mm512_storeu_si512(to, v); }
+V FillBytes(int value) { return _mm512_set1_epi8(static_cast<char>(value)); }
+V FillWords(int value) { return _mm512_set1_epi16(static_cast<int16_t>(value)); }
+V Xor(V a, V b) { return _mm512_xor_si512(a, b); }
+V Add(V a, V b) { return _mm512_add_epi16(a, b); }
+V HighProducts(V a, V b) { return _mm512_mulhi_epu16(a, b); }
+V PairProducts(V a, V b) { return _mm512_maddubs_epi16(a, b); }
+V Low(V a, V b) { return _mm512_unpacklo_epi8(a, b); }
+V High(V a, V b) { return _mm512_unpackhi_epi8(a, b); }
+V Pack(V low, V high) { return _mm512_packus_epi16(low, high); }
+#elif defined(__AVX2__)
+using V = __m256i;
+V LoadBlock(const uint8_t* from) { return _mm256_loadu_si256(reinterpret_cast<const V*>(from)); }
+void StoreBlock(uint8_t* to, V v) { _mm256_storeu_si256(reinterpret_cast<V*>(to), v); }
+V FillBytes(int value) { return _mm256_set1_epi8(static_cast<char>(value)); }
+V FillWords(int value) { return _mm256_set1_epi16(static_cast<int16_t>(value)); }
+V Xor(V a, V b) { return _mm256_xor_si256(a, b); }
+V Add(V a, V b) { return _mm256_add_epi16(a, b); }
+V HighProducts(V a, V b) { return _mm256_mulhi_epu16(a, b); }
+V PairProducts(V a, V b) { return _mm256_maddubs_epi16(a, b); }
+V Low(V a, V b) { return _mm256_unpacklo_epi8(a, b); }
+V High(V a, V b) { return _mm256_unpackhi_epi8(a, b); }
+V Pack(V low, V high) { return _mm256_packus_epi16(low, high); }
+#else
 using V = __m128i;
-
 V LoadBlock(const uint8_t* from) { return _mm_loadu_si128(reinterpret_cast<const V*>(from)); }
 void StoreBlock(uint8_t* to, V v) { _mm_storeu_si128(reinterpret_cast<V*>(to), v); }
-V By255(V t) { return _mm_mulhi_epu16(_mm_add_epi16(t, _mm_set1_epi16(128)), _mm_set1_epi16(257)); }
+V FillBytes(int value) { return _mm_set1_epi8(static_cast<char>(value)); }
+V FillWords(int value) { return _mm_set1_epi16(static_cast<int16_t>(value)); }
+V Xor(V a, V b) { return _mm_xor_si128(a, b); }
+V Add(V a, V b) { return _mm_add_epi16(a, b); }
+V HighProducts(V a, V b) { return _mm_mulhi_epu16(a, b); }
+V Low(V a, V b) { return _mm_unpacklo_epi8(a, b); }
+V High(V a, V b) { return _mm_unpackhi_epi8(a, b); }
+V Pack(V low, V high) { return _mm_packus_epi16(low, high); }
+#if defined(__SSSE3__)
+V PairProducts(V a, V b) { return _mm_maddubs_epi16(a, b); }
+#endif
+#endif
 
-V MixSse2(V d, V s, V m) {
-  const V zero = _mm_setzero_si128(), keep = _mm_xor_si128(m, _mm_set1_epi8(-1));
-  const V low =
-      _mm_add_epi16(_mm_mullo_epi16(_mm_unpacklo_epi8(d, zero), _mm_unpacklo_epi8(keep, zero)),
-                    _mm_mullo_epi16(_mm_unpacklo_epi8(s, zero), _mm_unpacklo_epi8(m, zero)));
-  const V high =
-      _mm_add_epi16(_mm_mullo_epi16(_mm_unpackhi_epi8(d, zero), _mm_unpackhi_epi8(keep, zero)),
-                    _mm_mullo_epi16(_mm_unpackhi_epi8(s, zero), _mm_unpackhi_epi8(m, zero)));
-  return _mm_packus_epi16(By255(low), By255(high));
-}
+V By255(V t) { return HighProducts(Add(t, FillWords(128)), FillWords(257)); }
 
-V MixSsse3(V d, V s, V m) {
-  const V keep = _mm_xor_si128(m, _mm_set1_epi8(-1)), middle = _mm_set1_epi8(-128);
-  const V sd = _mm_xor_si128(d, middle), ss = _mm_xor_si128(s, middle);
-  const V bias = _mm_set1_epi16(255 * 128);
-  const V low = _mm_maddubs_epi16(_mm_unpacklo_epi8(m, keep), _mm_unpacklo_epi8(ss, sd));
-  const V high = _mm_maddubs_epi16(_mm_unpackhi_epi8(m, keep), _mm_unpackhi_epi8(ss, sd));
-  return _mm_packus_epi16(By255(_mm_add_epi16(low, bias)), By255(_mm_add_epi16(high, bias)));
+#if defined(__SSSE3__)
+// Samples less 128 by pairs of a weight and its rest.
+V Mix(V d, V s, V m) {
+  const V keep = Xor(m, FillBytes(-1)), middle = FillBytes(-128), bias = FillWords(255 * 128);
+  const V sd = Xor(d, middle), ss = Xor(s, middle);
+  return Pack(By255(Add(PairProducts(Low(m, keep), Low(ss, sd)), bias)),
+              By255(Add(PairProducts(High(m, keep), High(ss, sd)), bias)));
 }
+#else
+V Products(V a, V b) { return _mm_mullo_epi16(a, b); }
+V Mix(V d, V s, V m) {
+  const V zero = FillBytes(0), keep = Xor(m, FillBytes(-1));
+  return Pack(
+      By255(Add(Products(Low(d, zero), Low(keep, zero)), Products(Low(s, zero), Low(m, zero)))),
+      By255(
+          Add(Products(High(d, zero), High(keep, zero)), Products(High(s, zero), High(m, zero)))));
+}
+#endif
 
 // Whole blocks, the last one reaching back; shorter rows sample by sample.
-template <V (*kMix)(V, V, V)>
-void ByHand(const uint8_t* s, uint8_t* d, const uint8_t* m, int32_t rows, int32_t columns,
-            int32_t sourceStride, int32_t destinationStride, int32_t maskStride) {
+void Blend(const uint8_t* s, uint8_t* d, const uint8_t* m, int32_t rows, int32_t columns,
+           int32_t sourceStride, int32_t destinationStride, int32_t maskStride) {
+  constexpr int32_t kBytes = VX_FORM::kBytes;
+  const auto mixAt = [&](int32_t x) {
+    return Mix(LoadBlock(d + x), LoadBlock(s + x), LoadBlock(m + x));
+  };
   for (; rows > 0; --rows) {
-    if (columns >= 16) {
-      const int32_t end = columns - 16;
-      const V last = kMix(LoadBlock(d + end), LoadBlock(s + end), LoadBlock(m + end));
-      for (int32_t x = 0; x < end; x += 16)
-        StoreBlock(d + x, kMix(LoadBlock(d + x), LoadBlock(s + x), LoadBlock(m + x)));
+    if (columns >= kBytes) {
+      const int32_t end = columns - kBytes;
+      const V last = mixAt(end);
+      for (int32_t x = 0; x < end; x += kBytes) StoreBlock(d + x, mixAt(x));
       StoreBlock(d + end, last);
     } else {
       for (int32_t x = 0; x < columns; ++x) {
@@ -54,10 +96,12 @@ void ByHand(const uint8_t* s, uint8_t* d, const uint8_t* m, int32_t rows, int32_
   }
 }
 
-[[maybe_unused]] const bool kCompete[] = {
-    CompeteAsTwin("hand SSE2", kBlend, 2, ByHand<MixSse2>),
-    CompeteAsTwin("hand SSSE3", kBlend, 2, ByHand<MixSsse3>),
-};
-
 }  // namespace
+
+template <>
+RoutineGetter MaskedBlendByHand<VX_FORM>() {
+  static_assert(sizeof(V) == VX_FORM::kBytes);
+  return Entry<Blend>;
+}
+
 }  // namespace vantrix::bench

@@ -13,21 +13,21 @@ namespace {
 // taken up as it is used.
 constexpr size_t kRegionBytes = size_t{130} << 20;
 
-void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine,
-             host::Shape shape) {
+void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine, host::Shape shape,
+             bool isMisaligned) {
   uint64_t ticks = 0;
   host::Scene scene(MeasuringArena(), host::Choices(uint64_t{1}));
-  scene.Measure(shape, [&](const std::function<void()>& call) {
+  const auto run = [&](const std::function<void()>& call) {
     const uint64_t start = __rdtsc();
     for (auto _ : state) call();
     ticks = __rdtsc() - start;
-  });
+  };
+  scene.Measure(shape, run, isMisaligned);
   exercise(routine, scene);
   const double cycles = static_cast<double>(ticks) * CyclesPerTick();
   const double calls = static_cast<double>(state.iterations());
   state.counters["cycles_per_row"] = cycles / calls / shape.rows;
   state.counters["cycles_per_sample"] = cycles / calls / shape.rows / shape.columns;
-  TellProgress();
 }
 
 }  // namespace
@@ -37,7 +37,10 @@ host::Arena& MeasuringArena() {
   return arena;
 }
 
-void TellProgress() {
+void Progress::Count(const benchmark::State& state) {
+  const bool isSearch = state.iterations() != iterations_;
+  iterations_ = state.iterations();
+  if (isSearch) return;
   using Clock = std::chrono::steady_clock;
   using std::chrono::duration_cast, std::chrono::seconds;
   static const auto start = Clock::now();
@@ -46,7 +49,7 @@ void TellProgress() {
   ++runs;
   if (Clock::now() - told < seconds(20)) return;
   told = Clock::now();
-  std::fprintf(stderr, "%4lld s: %d runs\n",
+  std::fprintf(stderr, "%lld s, %d runs\n",
                static_cast<long long>(duration_cast<seconds>(told - start).count()), runs);
 }
 
@@ -69,12 +72,15 @@ double CyclesPerTick() {
   return factor;
 }
 
-void Register(const std::string& name, host::Exercise* exercise, Routine routine,
-              host::Shape shape) {
+void Register(const std::string& name, host::Exercise* exercise, Routine routine, host::Shape shape,
+              bool isMisaligned) {
   const std::string full =
       name + "/" + std::to_string(shape.rows) + "x" + std::to_string(shape.columns);
-  benchmark::RegisterBenchmark(
-      full.c_str(), [=](benchmark::State& state) { Measure(state, exercise, routine, shape); });
+  benchmark::RegisterBenchmark(full.c_str(),
+                               [=, progress = Progress{}](benchmark::State& state) mutable {
+                                 Measure(state, exercise, routine, shape, isMisaligned);
+                                 progress.Count(state);
+                               });
 }
 
 std::vector<Competitor>& Competitors() {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/demo/demo.h"
+#include "host/forms.h"
 #include "host/plugin_library.h"
 #include "host/services.h"
 #include "host/slots.h"
@@ -21,8 +22,9 @@ constexpr char kHelp[] =
     "A small host: it lists its routine suites, starts the plug-in as any host does, and\n"
     "calls routines through its own tables.\n"
     "\n"
-    "  slots                what start-up did with each slot of each suite\n"
-    "  slots --page         the page of slots (docs/SLOTS.md); needs no plug-in\n"
+    "  slots                what start-up did with each slot of each suite, and in which form\n"
+    "                       its kernel stands there\n"
+    "  slots --page         the page of slots (docs/SLOTS.md)\n"
     "  verify [SCENES]      each served slot against the host's own routine, bit for bit,\n"
     "                       on SCENES random and edge scenes a slot (2000)\n"
     "  demo [PICTURE] OUT   run a picture through the tables, write the results as PNG\n"
@@ -36,25 +38,33 @@ constexpr char kHelp[] =
   std::exit(1);
 }
 
-void StartPlugin(const std::string& path, const Tables& tables) {
+PluginMainRoutine* Load(const std::string& path) {
   std::string error;
   PluginMainRoutine* const pluginMain = LoadPlugin(path, &error);
   if (!pluginMain) Fail(error);
+  return pluginMain;
+}
+
+void StartPlugin(PluginMainRoutine* pluginMain, const Tables& tables) {
   int16_t result = 1;
   const int32_t outcome = pluginMain(kStartUp, tables.Block(), 0, &result);
   if (outcome != 1 || result != 0)
     Fail("start-up failed with " + std::to_string(outcome) + ", result " + std::to_string(result));
 }
 
-void PrintProcessor() {
+// What the processor has, and which forms the plug-in found that it runs.
+void PrintProcessor(const FormIndex* index) {
   const auto show = [](const char* name, bool has) {
     std::printf("  %s %s\n", has ? "+" : "-", name);
   };
-  std::printf("processor\n");
+  std::printf("processor %s\n", ProcessorName().c_str());
   show("SSE", __builtin_cpu_supports("sse"));
   show("SSE2", __builtin_cpu_supports("sse2"));
   show("SSSE3", __builtin_cpu_supports("ssse3"));
   show("SSE4.1", __builtin_cpu_supports("sse4.1"));
+  if (!index) return;
+  std::printf("forms that run here\n");
+  for (int32_t form = 0; form < index->count; ++form) show(index->names[form], index->runs(form));
 }
 
 int Run(std::vector<std::string> arguments) {
@@ -72,7 +82,9 @@ int Run(std::vector<std::string> arguments) {
   const size_t count = arguments.size();
 
   if (command == "slots" && count == 1 && arguments[0] == "--page") {
-    PrintSlotPage();
+    const FormIndex* const index = FindFormIndex(Load(plugin));
+    if (!index) Fail(plugin + " does not tell the forms of its kernels");
+    PrintSlotPage(*index);
     return 0;
   }
   const bool isSlots = command == "slots" && count == 0;
@@ -87,11 +99,13 @@ int Run(std::vector<std::string> arguments) {
   if (scenes < 1) Fail("the number of scenes must be at least 1");
 
   const Tables tables;
-  StartPlugin(plugin, tables);
+  PluginMainRoutine* const pluginMain = Load(plugin);
+  StartPlugin(pluginMain, tables);
   std::printf("started %s\n", plugin.c_str());
   if (isSlots) {
-    PrintProcessor();
-    return PrintSlots(tables) ? 0 : 1;
+    const FormIndex* const index = FindFormIndex(pluginMain);
+    PrintProcessor(index);
+    return PrintSlots(tables, index) ? 0 : 1;
   }
   if (isVerify) return Verify(tables, scenes) ? 0 : 1;
   return RunDemo(tables, count == 2 ? arguments[0] : "", arguments.back()) ? 0 : 1;

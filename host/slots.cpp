@@ -35,6 +35,23 @@ std::vector<Line> LinesOf(const SuiteEntry& suite) {
 
 const char* StateOf(const Slot& slot) { return slot.IsServed() ? "served" : "passed through"; }
 
+// The form of a slot's kernel; nothing where no kernel of the plug-in stands.
+std::string FormIn(const Tables& tables, const FormIndex* index, SuiteIndex suite,
+                   const Line& line) {
+  if (!line.isOpen || !line.slot->IsServed()) return {};
+  const Routine live = tables.Live(suite, line.index);
+  if (index && FormsOf(*index, suite, line.index).empty()) return {};
+  const std::string form = index ? FormOf(*index, suite, line.index, live) : "";
+  return form.empty() ? "form not told" : form;
+}
+
+// As a cell of a table holds it.
+std::string InCell(const char* text) {
+  std::string cell;
+  for (; *text; ++text) cell += *text == '|' ? "\\|" : std::string(1, *text);
+  return cell;
+}
+
 // Lines behind a closed gate are counted apart where it is this processor that matters.
 struct Counts {
   int served = 0, passed = 0, closed = 0;
@@ -46,7 +63,7 @@ struct Counts {
 
 }  // namespace
 
-bool PrintSlots(const Tables& tables) {
+bool PrintSlots(const Tables& tables, const FormIndex* index) {
   bool isAsStated = true;
   Counts all;
   for (const SuiteEntry& suite : Catalog()) {
@@ -59,8 +76,9 @@ bool PrintSlots(const Tables& tables) {
     for (const Line& line : lines) {
       isExpected[line.index] = line.isOpen;
       all.Add(line, line.isOpen);
-      std::printf("  %3d  %-12s %-14s  %s\n", line.index, line.gates.c_str(),
-                  line.isOpen ? StateOf(*line.slot) : "host's own", line.slot->name);
+      std::printf("  %3d  %-12s %-14s  %-8s  %s\n", line.index, line.gates.c_str(),
+                  line.isOpen ? StateOf(*line.slot) : "host's own",
+                  FormIn(tables, index, suite.index, line).c_str(), line.slot->name);
     }
     for (size_t slot = 0; slot < isExpected.size(); ++slot) {
       const bool isChanged = tables.IsChanged(suite.index, static_cast<uint16_t>(slot));
@@ -77,13 +95,15 @@ bool PrintSlots(const Tables& tables) {
   return isAsStated;
 }
 
-void PrintSlotPage() {
+void PrintSlotPage(const FormIndex& index) {
   std::printf(
       "# Slots\n\n"
       "Every slot that the plug-in writes, by suite. The gate is the processor flag that must "
       "be set.\nA slot that is passed through jumps to the host's own routine with every "
-      "argument as it came:\nits contract is the host's. This page is printed by "
-      "`vantrix-host slots --page`; a test holds it to the tables.\n\n"
+      "argument as it came:\nits contract is the host's. The forms are those that the kernel "
+      "has builds in, narrowest first:\nof those that a processor runs, the last stands in the "
+      "slot. `vantrix-host slots` shows which.\nThis page is printed by `vantrix-host slots "
+      "--page`; a test holds it to the tables.\n\n"
       "In the rules, Multiply(a, b) is a x b / 255 rounded to nearest; see NUMERICS.md.\n");
   std::printf("\n| suite | version | served | passed through |\n|---|---|---|---|\n");
   Counts all;
@@ -98,14 +118,17 @@ void PrintSlotPage() {
     const auto lines = LinesOf(suite);
     if (lines.empty()) continue;
     std::printf(
-        "\n## %s\n\n| slot | routine | gate | | arguments | what it computes |\n"
-        "|---|---|---|---|---|---|\n",
+        "\n## %s\n\n| slot | routine | gate | | forms | arguments | what it computes |\n"
+        "|---|---|---|---|---|---|---|\n",
         suite.name);
-    for (const Line& line : lines)
-      std::printf("| %d | `%s` | %s | %s | %s | %s |\n", line.index, line.slot->name,
+    for (const Line& line : lines) {
+      const bool isServed = line.slot->IsServed();
+      std::printf("| %d | `%s` | %s | %s | %s | %s | %s |\n", line.index, line.slot->name,
                   line.gates.c_str(), StateOf(*line.slot),
-                  line.slot->IsServed() ? line.slot->arguments : "",
-                  line.slot->IsServed() ? line.slot->rule : "");
+                  isServed ? FormsOf(index, suite.index, line.index).c_str() : "",
+                  isServed ? InCell(line.slot->arguments).c_str() : "",
+                  isServed ? InCell(line.slot->rule).c_str() : "");
+    }
   }
 }
 

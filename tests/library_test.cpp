@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "host/forms.h"
 #include "host/plugin_library.h"
 #include "host/tables.h"
 
@@ -28,6 +29,27 @@ TEST(LibraryTest, StartsInAHost) {
   EXPECT_EQ(result, 0);
   EXPECT_TRUE(tables.IsChanged(kBlend, 2));
   EXPECT_FALSE(tables.IsChanged(kBlend, 0));
+}
+
+TEST(LibraryTest, TellsTheFormOfEachKernelAndOfNothingElse) {
+  std::string error;
+  const auto pluginMain = host::LoadPlugin(VANTRIX_LIBRARY, &error);
+  ASSERT_NE(pluginMain, nullptr) << error;
+  const FormIndex* const index = host::FindFormIndex(pluginMain);
+  ASSERT_NE(index, nullptr);
+  const host::Tables tables;
+  int16_t result;
+  ASSERT_EQ(pluginMain(kStartUp, tables.Block(), 0, &result), 1);
+  for (const host::SuiteEntry& suite : host::Catalog())
+    for (const host::Reference& reference : suite.references) {
+      const auto form = [&](Routine routine) {
+        return host::FormOf(*index, suite.index, reference.slot, routine);
+      };
+      EXPECT_EQ(form(tables.Default(suite.index, reference.slot)), "");
+      if (tables.IsChanged(suite.index, reference.slot))
+        EXPECT_NE(form(tables.Live(suite.index, reference.slot)), "")
+            << suite.name << ' ' << reference.slot;
+    }
 }
 
 #if defined(_WIN32)

@@ -3,12 +3,18 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 namespace vantrix::host {
 namespace {
 
 // Bytes before and after a plane that must stay as they are.
 constexpr ptrdiff_t kMargin = 64;
+
+// Where misaligned planes start, in units. They lie apart besides, or a row that is written
+// would stand at the same place of a page as one that is read next.
+constexpr int32_t kOddPlaces[] = {5, 19, 41, 27, 11};
+constexpr ptrdiff_t kApart = 704;
 
 class Noise {
  public:
@@ -35,9 +41,10 @@ void FillNoise(Noise& noise, uint8_t* start, size_t bytes) {
 
 }  // namespace
 
-void Scene::Measure(Shape shape, Runner runner) {
+void Scene::Measure(Shape shape, Runner runner, bool isMisaligned) {
   fixed_ = shape;
   runner_ = std::move(runner);
+  isMisaligned_ = isMisaligned;
 }
 
 void Scene::Pin(Shape shape, int32_t offset) {
@@ -124,6 +131,7 @@ PlaneView Scene::Twin(Shape shape, int32_t rowBytes, int32_t unit, PlaneView oth
 
 PlaneView Scene::Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stride) {
   const bool isPinned = IsPinned() && regionsUsed_ == 0;
+  const int plane = regionsUsed_;
   uint8_t* const region = arena_.Region(regionsUsed_++ % arena_.RegionCount());
   const auto regionBytes = static_cast<ptrdiff_t>(arena_.RegionBytes());
   if (shape.rows < 1 || shape.columns < 1 || rowBytes < 1) return {region + regionBytes, stride};
@@ -137,6 +145,9 @@ PlaneView Scene::Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stri
   ptrdiff_t offset = 64;
   if (isPinned)
     offset += pinnedOffset_ * unit;
+  else if (isMisaligned_)
+    offset +=
+        plane * kApart + kOddPlaces[static_cast<size_t>(plane) % std::size(kOddPlaces)] * unit;
   else if (!IsMeasured())
     switch (choices_.Below(4)) {
       case 1:

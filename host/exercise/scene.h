@@ -53,8 +53,9 @@ class Scene {
  public:
   Scene(Arena& arena, Choices choices) : arena_(arena), choices_(choices) {}
 
-  // For measuring: a shape of one's own, noise in all planes, and one's own runner.
-  void Measure(Shape shape, Runner runner);
+  // For measuring: a shape of one's own, noise in all planes, and one's own runner. All
+  // planes are aligned, or none is: each starts another odd number of units past a boundary.
+  void Measure(Shape shape, Runner runner, bool isMisaligned = false);
 
   // A shape of one's own, and for the first plane, which exercises make the
   // destination, a place `offset` units past an aligned address.
@@ -107,6 +108,7 @@ class Scene {
   Shape fixed_{};
   int32_t pinnedOffset_ = -1;
   Runner runner_;
+  bool isMisaligned_ = false;
   int regionsUsed_ = 0;
   bool isRoomy_ = false;
   Outcome outcome_;

@@ -1,0 +1,14 @@
+# The forms, by the names of common/forms.h: what each is compiled with. An instruction that
+# its flags allow must be one that its test asks for (plugin/instruction_sets.cpp).
+#
+# Kernels make their vectors themselves. Of loops left over in wide units, compilers make
+# gathers and masked stores, which some processors run from microcode.
+set(VANTRIX_NO_AUTOVECTORS $<IF:$<CXX_COMPILER_ID:Clang>,-fno-vectorize$<SEMICOLON>-fno-slp-vectorize,-fno-tree-vectorize>)
+set(VANTRIX_FORMS Scalar Sse2 Ssse3 Avx2 Avx512)
+set(VANTRIX_FLAGS_Ssse3 -mssse3)
+set(VANTRIX_FLAGS_Avx2 -mavx2 ${VANTRIX_NO_AUTOVECTORS})
+set(VANTRIX_FLAGS_Avx512 -mavx512f -mavx512bw -mavx512dq -mavx512vl -mavx512vbmi
+                         -mprefer-vector-width=512 ${VANTRIX_NO_AUTOVECTORS})
+if(WIN32 AND NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  message(FATAL_ERROR "GCC stores 32-byte registers misaligned on Windows' stacks: use clang")
+endif()

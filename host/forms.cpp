@@ -1,0 +1,60 @@
+#include "host/forms.h"
+
+#include <cpuid.h>
+
+#include <cstring>
+
+#include "host/plugin_library.h"
+
+namespace vantrix::host {
+namespace {
+
+// Reads memory of which a sanitizer knows only the parts that are variables.
+__attribute__((no_sanitize("address"))) bool IsMark(const char* at) {
+  for (size_t i = 0; i < sizeof kFormIndexMark; ++i)
+    if (at[i] != kFormIndexMark.text[i]) return false;
+  return true;
+}
+
+Routine BuildOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, int32_t form) {
+  return index.build(kSuiteFormats[suite].code, slot, form);
+}
+
+}  // namespace
+
+const FormIndex* FindFormIndex(PluginMainRoutine* loaded) {
+  for (const std::span<const char> data : DataAround(loaded))
+    for (size_t i = 0; i + sizeof(FormIndex) <= data.size(); i += 8)
+      if (IsMark(&data[i])) return reinterpret_cast<const FormIndex*>(&data[i]);
+  return nullptr;
+}
+
+std::string FormOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, Routine routine) {
+  for (int32_t form = 0; form < index.count; ++form)
+    if (BuildOf(index, suite, slot, form) == routine) return index.names[form];
+  return {};
+}
+
+std::string FormsOf(const FormIndex& index, SuiteIndex suite, uint16_t slot) {
+  std::string names;
+  for (int32_t form = 0; form < index.count; ++form)
+    if (BuildOf(index, suite, slot, form))
+      names += (names.empty() ? "" : ", ") + std::string(index.names[form]);
+  return names;
+}
+
+std::string ProcessorName() {
+  constexpr uint32_t kFirstLeaf = 0x80000002;
+  uint32_t words[3][4];
+  for (uint32_t i = 0; i < 3; ++i)
+    if (!__get_cpuid(kFirstLeaf + i, &words[i][0], &words[i][1], &words[i][2], &words[i][3]))
+      return "without a name";
+  char text[sizeof words + 1] = {};
+  std::memcpy(text, words, sizeof words);
+  std::string name(text);
+  name.erase(0, name.find_first_not_of(' '));
+  name.erase(name.find_last_not_of(' ') + 1);
+  return name;
+}
+
+}  // namespace vantrix::host
