@@ -1,6 +1,8 @@
 // The operations on lanes that have no operator, for every width of register.
 //
 //   Interleave<Low, High>  lanes of a and of b in turn, from the low or the high halves
+//   InterleaveInMemoryOrder  all lanes of a and of b in turn, as two registers that follow
+//                        one another in memory
 //   Widen<Low, High>     bytes to 16-bit lanes, zero-extended: together all of v, in the
 //                        order that Narrow takes them
 //   Narrow               signed 16-bit lanes to bytes, clamped to 0..255; signed 32-bit
@@ -93,6 +95,19 @@ VX_LANE V InMemoryOrder(V v) {
       return As<V>(__builtin_shufflevector(halves, halves, int{i % kPairs * 2 + i / kPairs}...));
     }(std::make_index_sequence<2 * kPairs>{});
   }
+}
+
+template <class V>
+struct TwoRegisters {
+  V first, second;
+};
+template <class V>
+VX_LANE TwoRegisters<V> InterleaveInMemoryOrder(V a, V b) {
+  constexpr size_t kCount = kLaneCount<V>, kHalf = kCount / 2;
+  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
+    return TwoRegisters<V>{__builtin_shufflevector(a, b, int{i / 2 + i % 2 * kCount}...),
+                           __builtin_shufflevector(a, b, int{kHalf + i / 2 + i % 2 * kCount}...)};
+  }(std::make_index_sequence<kCount>{});
 }
 
 template <class Half>

@@ -1,6 +1,8 @@
 // What the box averages share: the average of a sum, and the sums of columns.
 #pragma once
 
+#include <bit>
+
 #include "common/rounding.h"
 #include "common/unroll.h"
 
@@ -24,28 +26,46 @@ struct Average {
   VX_INLINE uint8_t Of(uint32_t sum) const {
     return static_cast<uint8_t>((sum + half) * reciprocal >> 24);
   }
-  VX_INLINE Sums4 Of(Sums4 sums) const { return (sums + half) * reciprocal >> 24; }
-  VX_INLINE Words8 Of(Words8 sums) const {
-    const Words8 all = sums + static_cast<uint16_t>(half);
-    const Words8 product = all * static_cast<uint16_t>(reciprocal >> 16) +
-                           HighProduct(all, Fill<Words8>(static_cast<uint16_t>(reciprocal)));
+  // The same in each lane: of 32 bits, or, up to kWordCount samples, of 16.
+  template <class V>
+    requires(sizeof(LaneOf<V>) == 4)
+  VX_INLINE V Of(V sums) const {
+    return (sums + half) * reciprocal >> 24;
+  }
+  template <class V>
+    requires(sizeof(LaneOf<V>) == 2)
+  VX_INLINE V Of(V sums) const {
+    const V all = sums + static_cast<uint16_t>(half);
+    const V product = all * static_cast<uint16_t>(reciprocal >> 16) +
+                      HighProduct(all, Fill<V>(static_cast<uint16_t>(reciprocal)));
     return product >> 8;
+  }
+  // The same where the count is known while compiling: 0 is any. The reciprocal of a power
+  // of two is exact, so that a shift divides.
+  template <int kCount, class V>
+    requires(sizeof(LaneOf<V>) == 2)
+  VX_INLINE V OfCount(V sums) const {
+    if constexpr (std::has_single_bit(unsigned{kCount}))
+      return (sums + uint16_t{kCount / 2}) >> std::countr_zero(unsigned{kCount});
+    else
+      return Of(sums);
   }
 };
 
-// The sums of sixteen columns, those of the even and of the odd ones, over at most 256
+// The sums of a register of columns, those of the even and of the odd ones, over at most 256
 // rows; kRows of them, or `rows` where that is 0. read(row) gives a row's samples.
 //
 // Samples are added two to a lane, as 256 odd + even, and the odd ones alone as well:
 // what the one sum has above 256 times the other, modulo 65536, are the even ones.
+template <class V>
 struct ColumnSums {
-  Words8 even, odd;
+  Words<V> even, odd;
 };
-template <int kRows = 0, class Read>
-VX_INLINE ColumnSums SumColumns(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
-  Words8 both{}, odd{};
+template <class V, int kRows = 0, class Read>
+VX_INLINE ColumnSums<V> SumColumns(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
+  Words<V> both{}, odd{};
   const auto add = [&](int32_t k) VX_INLINED {
-    const auto samples = As<Words8>(read(first + k * stride));
+    const auto samples = As<Words<V>>(read(first + k * stride));
     both += samples;
     odd += samples >> 8;
   };
@@ -57,12 +77,12 @@ VX_INLINE ColumnSums SumColumns(const uint8_t* first, intptr_t stride, int32_t r
   return {both - (odd << 8), odd};
 }
 
-// The sums of eight pairs of neighbouring columns, over at most 128 rows.
-template <int kRows = 0, class Read>
-VX_INLINE Words8 SumPairs(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
+// The sums of pairs of neighbouring columns in a register, over at most 128 rows.
+template <class V, int kRows = 0, class Read>
+VX_INLINE Words<V> SumPairs(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
 #if defined(__SSSE3__)
-  const Bytes16 ones = Fill<Bytes16>(1);
-  Words8 sums{};
+  const V ones = Fill<V>(1);
+  Words<V> sums{};
   const auto add = [&](int32_t k)
                        VX_INLINED { sums += MixedProductSums(read(first + k * stride), ones); };
   Repeat<kRows>(add);
@@ -70,7 +90,7 @@ VX_INLINE Words8 SumPairs(const uint8_t* first, intptr_t stride, int32_t rows, R
     for (int32_t k = 0; k < rows; ++k) add(k);
   return sums;
 #else
-  const ColumnSums sums = SumColumns<kRows>(first, stride, rows, read);
+  const ColumnSums<V> sums = SumColumns<V, kRows>(first, stride, rows, read);
   return sums.even + sums.odd;
 #endif
 }

@@ -29,20 +29,22 @@ VX_INLINE void AverageOneByOne(const uint8_t* source, uint8_t* destination, int3
     destination[x] = AverageOne(source + intptr_t{x} * blocks.width, blocks);
 }
 
-// Tiling two samples wide as an operand, of at most 128 rows; kHeight of them, where that
+// Blocks two samples wide as an operand, of at most 128 rows; kHeight of them, where that
 // is not 0.
 template <int kHeight>
 struct AveragedPairs {
   const uint8_t* source;
   const Tiling& blocks;
 
-  template <class Read>
-  VX_INLINE Words8 Averages(const uint8_t* first, Read read) const {
-    return blocks.average.Of(SumPairs<kHeight>(first, blocks.stride, blocks.height, read));
+  // Of the samples that read(row) takes of each row of blocks.
+  template <class V, class Read>
+  VX_INLINE Words<V> Averages(const uint8_t* first, Read read) const {
+    return blocks.average.OfCount<2 * kHeight>(
+        SumPairs<V, kHeight>(first, blocks.stride, blocks.height, read));
   }
-  VX_INLINE Words8 Averages(intptr_t x) const {
-    return Averages(source + 2 * x,
-                    [](const uint8_t* row) VX_INLINED { return Load<Bytes16>(row); });
+  template <class V>
+  VX_INLINE Words<V> Averages(intptr_t x) const {
+    return Averages<V>(source + 2 * x, [](const uint8_t* row) VX_INLINED { return Load<V>(row); });
   }
 
   template <class V>
@@ -50,15 +52,15 @@ struct AveragedPairs {
     if constexpr (kIsOneSample<V>)
       return V{AverageOne(source + 2 * block.x, blocks)};
     else
-      return Narrow(Averages(block.x), Averages(block.x + 8));
+      return InMemoryOrder(Narrow(Averages<V>(block.x), Averages<V>(block.x + kLaneCount<V> / 2)));
   }
   template <class V, int kBytes>
   VX_INLINE V At(Ends<V, kBytes> place) const {
     if constexpr (kBytes == 8) {
-      return Narrow(Averages(0), Averages(place.count - 8));
+      return Narrow(Averages<V>(0), Averages<V>(place.count - 8));
     } else {
-      const Words8 ends = Averages(source, [=](const uint8_t* row) VX_INLINED {
-        return LoadEnds<Bytes16, 2 * kBytes>(row, 2 * place.count);
+      const auto ends = Averages<V>(source, [=](const uint8_t* row) VX_INLINED {
+        return LoadEnds<V, 2 * kBytes>(row, 2 * place.count);
       });
       return Narrow(ends, ends);
     }
@@ -71,22 +73,23 @@ constexpr int32_t kSumColumns = 2048;
 constexpr int32_t kMostBlockWidth = kSumColumns - 16;
 
 // Sums of `columns` columns, at least 16; or of pairs of columns.
-template <bool kInPairs, int kHeight>
+template <class Form, bool kInPairs, int kHeight>
 VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t columns,
                                const Tiling& blocks) {
-  const auto read = [](const uint8_t* row) VX_INLINED { return Load<Bytes16>(row); };
-  int32_t x = 0;
-  do {
-    const int32_t at = x + 16 <= columns ? x : columns - 16;
-    if constexpr (kInPairs) {
-      Store(sums + at / 2, SumPairs<kHeight>(source + at, blocks.stride, blocks.height, read));
-    } else {
-      const ColumnSums block = SumColumns<kHeight>(source + at, blocks.stride, blocks.height, read);
-      Store(sums + at, InterleaveLow(block.even, block.odd));
-      Store(sums + at + 8, InterleaveHigh(block.even, block.odd));
-    }
-    x += 16;
-  } while (x < columns);
+  WithWholeBlocks<uint8_t, Form::kBytes>(columns, [=](auto walk) VX_INLINED {
+    walk.ForEach([=]<class V>(Block<V> block) VX_INLINED {
+      const auto read = [](const uint8_t* row) VX_INLINED { return Load<V>(row); };
+      const uint8_t* const from = source + block.x;
+      if constexpr (kInPairs) {
+        Store(sums + block.x / 2, SumPairs<V, kHeight>(from, blocks.stride, blocks.height, read));
+      } else {
+        const auto columnSums = SumColumns<V, kHeight>(from, blocks.stride, blocks.height, read);
+        const auto ordered = InterleaveInMemoryOrder(columnSums.even, columnSums.odd);
+        Store(sums + block.x, ordered.first);
+        Store(sums + block.x + kLaneCount<V> / 2, ordered.second);
+      }
+    });
+  });
 }
 
 // Sums as an operand that averages each.
@@ -100,16 +103,16 @@ struct AveragedSums {
     if constexpr (kIsOneSample<V>)
       return V{average.Of(uint32_t{*from})};
     else
-      return Narrow(average.Of(Load<Words8>(from)), average.Of(Load<Words8>(from + 8)));
+      return InMemoryOrder(Narrow(average.Of(Load<Words<V>>(from)),
+                                  average.Of(Load<Words<V>>(from + kLaneCount<V> / 2))));
   }
   template <class V, int kBytes>
   VX_INLINE V At(Ends<V, kBytes> place) const {
     const intptr_t count = place.count;
-    const auto bytes = reinterpret_cast<const uint8_t*>(sums);
     if constexpr (kBytes == 8) {
-      return Narrow(average.Of(Load<Words8>(sums)), average.Of(Load<Words8>(sums + count - 8)));
+      return Narrow(average.Of(Load<Words<V>>(sums)), average.Of(Load<Words<V>>(sums + count - 8)));
     } else {
-      const Words8 ends = average.Of(LoadEnds<Words8, 2 * kBytes>(bytes, 2 * count));
+      const auto ends = average.Of(LoadEnds<Words<V>, 2 * kBytes>(sums, count));
       return Narrow(ends, ends);
     }
   }
@@ -146,7 +149,7 @@ VX_INLINE void AverageGroups(const uint16_t* sums, uint8_t* destination, int32_t
 template <class Form>
 VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int32_t columns,
                                 const Tiling& blocks) {
-  alignas(16) uint16_t sums[kSumColumns];
+  alignas(Register<uint16_t, Form>) uint16_t sums[kSumColumns];
   const bool inPairs = blocks.width % 2 == 0 && blocks.height <= Average::kWordCount / 2;
   const int32_t group = inPairs ? blocks.width / 2 : blocks.width;
   for (int32_t x = 0, count; x < columns; x += count) {
@@ -156,9 +159,9 @@ VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int
     WithConstant<2, 3, 4>(
         blocks.height, [&]<int kHeight>(std::integral_constant<int, kHeight>) VX_INLINED {
           if (inPairs)
-            StoreColumnSums<true, kHeight>(from, sums, count * blocks.width, blocks);
+            StoreColumnSums<Form, true, kHeight>(from, sums, count * blocks.width, blocks);
           else
-            StoreColumnSums<false, kHeight>(from, sums, count * blocks.width, blocks);
+            StoreColumnSums<Form, false, kHeight>(from, sums, count * blocks.width, blocks);
         });
     if (blocks.width * blocks.height <= Average::kWordCount) {
       if (group > 1)
@@ -191,10 +194,10 @@ void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t output
           blockHeight, [&]<int kHeight>(std::integral_constant<int, kHeight>) VX_INLINED {
             WriteRow<Form>(destination, outputColumns, AveragedPairs<kHeight>{source, blocks});
           });
-    else if (byColumns)
-      AverageByColumns<Form>(source, destination, outputColumns, blocks);
-    else
+    else if (!byColumns)
       AverageOneByOne(source, destination, outputColumns, blocks);
+    else if constexpr (Form::kBytes > 1)
+      AverageByColumns<Form>(source, destination, outputColumns, blocks);
     source += blockHeight * intptr_t{sourceStride};
     destination += destinationStride;
   }

@@ -23,24 +23,24 @@ struct AveragedRow {
       for (int32_t k = 0; k < count; ++k) sum += read(first + k * stride)[0];
       return V{average.Of(sum)};
     } else if (kRows > 0 || count <= Average::kWordCount) {
-      const ColumnSums sums = SumColumns<kRows>(first, stride, count, read);
-      return As<V>(average.Of(sums.even) | average.Of(sums.odd) << 8);
+      const ColumnSums<V> sums = SumColumns<V, kRows>(first, stride, count, read);
+      return As<V>(average.OfCount<kRows>(sums.even) | average.OfCount<kRows>(sums.odd) << 8);
     } else {
-      return As<V>(ResultOfMany(read));
+      return As<V>(ResultOfMany<V>(read));
     }
   }
 
   // By parity once more, in 32-bit lanes.
-  template <class Read>
-  VX_INLINE Sums4 ResultOfMany(Read read) const {
-    Sums4 evenEven{}, evenOdd{}, oddEven{}, oddOdd{};
+  template <class V, class Read>
+  VX_INLINE Sums<V> ResultOfMany(Read read) const {
+    Sums<V> evenEven{}, evenOdd{}, oddEven{}, oddOdd{};
     for (int32_t k = 0, rows; k < count; k += rows) {
       rows = count - k < Average::kWordCount ? count - k : Average::kWordCount;
-      const ColumnSums sums = SumColumns(first + k * stride, stride, rows, read);
-      evenEven += As<Sums4>(sums.even) & 65535;
-      evenOdd += As<Sums4>(sums.even) >> 16;
-      oddEven += As<Sums4>(sums.odd) & 65535;
-      oddOdd += As<Sums4>(sums.odd) >> 16;
+      const ColumnSums<V> sums = SumColumns<V>(first + k * stride, stride, rows, read);
+      evenEven += As<Sums<V>>(sums.even) & 65535;
+      evenOdd += As<Sums<V>>(sums.even) >> 16;
+      oddEven += As<Sums<V>>(sums.odd) & 65535;
+      oddOdd += As<Sums<V>>(sums.odd) >> 16;
     }
     return average.Of(evenEven) | average.Of(oddEven) << 8 | average.Of(evenOdd) << 16 |
            average.Of(oddOdd) << 24;

@@ -14,16 +14,16 @@ namespace {
 
 template <class Form>
 constexpr Build kBuilds[] = {
-    {3, UpTo<Form, 16>([]<class F>(F) { return Entry<BoxAverageRows8<F>>; })},
+    {3, Entry<BoxAverageRows8<Form>>},
     {5, UpTo<Form, 16>([]<class F>(F) { return Entry<FilterResampleHorizontal8<F>>; })},
-    {6, UpTo<Form, 16>([]<class F>(F) { return Entry<FilterResampleVertical8<F>>; })},
+    {6, Entry<FilterResampleVertical8<Form>>},
     {7, OnlyIn<Form, Scalar>([](auto) { return Entry<ResampleRowsStepped8>; })},
     {13, UpTo<Form, 16>([]<class F>(F) { return Entry<FilterResampleHorizontal16<F>>; })},
     {18, UpTo<Form, 16>([]<class F>(F) { return Entry<SampleAtPositions1D8<F>>; })},
     {19, UpTo<Form, 16>([]<class F>(F) { return Entry<SampleAtPositions2D8<F>>; })},
-    {24, UpTo<Form, 16>([]<class F>(F) { return Entry<BoxAverageArea8<F>>; })},
+    {24, Entry<BoxAverageArea8<Form>>},
     {26, UpTo<Form, 16>([]<class F>(F) { return Entry<FilterResampleHorizontal32F<F>>; })},
-    {27, UpTo<Form, 16>([]<class F>(F) { return Entry<FilterResampleVertical32F<F>>; })},
+    {27, Entry<FilterResampleVertical32F<Form>>},
 };
 
 }  // namespace

@@ -1,13 +1,14 @@
 // Bodies of vertical.h, for the units that instantiate them.
 #pragma once
 
+#include "common/rows.h"
 #include "suites/resample/output_rows.h"
 #include "suites/resample/vertical.h"
 
 namespace vantrix {
 namespace {
 
-// An output row, in registers of four samples and several at a time. kTaps is the number
+// An output row, in registers of samples and several of them at a time. kTaps is the number
 // of taps, or 0 for any.
 template <int kTaps>
 struct FilteredFloats {
@@ -18,38 +19,46 @@ struct FilteredFloats {
     Repeat<kTaps>([&](int k) VX_INLINED { weights[k] = rows.weights[k]; });
   }
 
-  template <int kRegisters>
-  VX_INLINE void StoreBlock(uint8_t* destination, intptr_t x) const {
-    Floats4 sums[kRegisters] = {};
+  // kRegisters registers of samples, of which at(i) is the place of number i.
+  template <int kRegisters, class At>
+  VX_INLINE void StoreAt(float* destination, At at) const {
+    using V = typename decltype(at(0))::Register;
+    V sums[kRegisters] = {};
     const auto add = [&](int32_t k, float weight) VX_INLINED {
-      const uint8_t* const row = rows.Row(k) + 4 * x;
-      Repeat<kRegisters>([&](int i)
-                             VX_INLINED { sums[i] += Load<Floats4>(row + 16 * i) * weight; });
+      const auto row = reinterpret_cast<const float*>(rows.Row(k));
+      Repeat<kRegisters>([&](int i) VX_INLINED { sums[i] += at(i).LoadFrom(row) * weight; });
     };
     Repeat<kTaps>([&](int k) VX_INLINED { add(k, weights[k]); });
     if constexpr (kTaps == 0)
       for (int32_t k = 0; k < rows.count; ++k) add(k, rows.weights[k]);
-    Repeat<kRegisters>(
-        [&](int i) VX_INLINED { Store(destination + 4 * x + 16 * i, sums[i] * kWeightScale); });
-  }
-  VX_INLINE void StoreOne(uint8_t* destination, intptr_t x) const {
-    const auto read = [&](int32_t k) { return Load<float>(rows.Row(k) + 4 * x); };
-    Store(destination + 4 * x,
-          FilterOne<float>(rows.weights, kTaps > 0 ? kTaps : rows.count, read));
+    Repeat<kRegisters>([&](int i)
+                           VX_INLINED { at(i).StoreTo(destination, sums[i] * kWeightScale); });
   }
 
-  // In such blocks, of which the last reaches back.
-  template <int kRegisters>
-  VX_INLINE void StoreBlocks(uint8_t* destination, intptr_t width) const {
-    constexpr intptr_t kColumns = 4 * kRegisters;
-    for (intptr_t x = 0; x < width; x += kColumns)
-      StoreBlock<kRegisters>(destination, x + kColumns <= width ? x : width - kColumns);
+  template <class Walk>
+  VX_INLINE void StoreRow(float* destination, Walk walk) const {
+    walk.ForEach([&](auto place) VX_INLINED {
+      StoreAt<1>(destination, [=](int) VX_INLINED { return place; });
+    });
   }
-  template <class Form>
-  VX_INLINE void StoreRow(uint8_t* destination, intptr_t width) const {
-    if (Form::kBytes > 1 && width >= 16) return StoreBlocks<4>(destination, width);
-    if (Form::kBytes > 1 && width >= 4) return StoreBlocks<1>(destination, width);
-    for (intptr_t x = 0; x < width; ++x) StoreOne(destination, x);
+  // A long row by several registers, of which the last ones reach back.
+  template <class V>
+    requires(!kIsOneSample<V>)
+  VX_INLINE void StoreRow(float* destination, Blocks<V> blocks) const {
+    constexpr int kRegisters = 4;
+    constexpr intptr_t kCount = kLaneCount<V>;
+    const intptr_t last = blocks.count - kRegisters * kCount;
+    if (last < 0) return StoreRow<Blocks<V>>(destination, blocks);
+    const auto storeFrom = [&](intptr_t x) VX_INLINED {
+      StoreAt<kRegisters>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
+    };
+    intptr_t x = 0;
+    if (sizeof(V) > 16 && blocks.count >= kRegistersToAlign * kCount) {
+      storeFrom(0);
+      x = TargetOf<float>{destination, 0}.template ToBoundary<sizeof(V)>();
+    }
+    for (; x < last; x += kRegisters * kCount) storeFrom(x);
+    storeFrom(last);
   }
 };
 
@@ -63,8 +72,11 @@ void FilterResampleVertical32F(const float* source, float* destination, int32_t 
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
   WithTapCount(taps.count, [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
     ForEachOutputRow(source, destination, count, width, taps, sourceStride / 4 * 4,
-                     destinationStride / 4 * 4, [&](uint8_t* row, TapRows rows) VX_INLINED {
-                       FilteredFloats<kTaps>(rows).template StoreRow<Form>(row, width);
+                     destinationStride / 4 * 4, [=](uint8_t* row, TapRows rows) VX_INLINED {
+                       const FilteredFloats<kTaps> filtered(rows);
+                       WithBlocks<Form, float>(width, [&](auto walk) VX_INLINED {
+                         filtered.StoreRow(reinterpret_cast<float*>(row), walk);
+                       });
                      });
   });
 }

@@ -8,21 +8,22 @@
 namespace vantrix {
 namespace {
 
-// Sixteen columns of 8-bit samples. Two rows at a time are brought into pairs of 16-bit
-// lanes, which one instruction multiplies and adds.
+// A register V of columns of 8-bit samples. Two rows at a time are brought into pairs of
+// 16-bit lanes, which one instruction multiplies and adds.
+template <class V>
 struct PairSums {
-  Sums4 a, b, c, d;
+  Sums<V> a, b, c, d;
 
-  VX_INLINE PairSums() { a = b = c = d = Fill<Sums4>(Filter<uint8_t>::kStart); }
-  VX_INLINE void Add(Bytes16 even, Bytes16 odd, uint32_t pair) {
-    const auto weights = As<Words8>(Fill<Sums4>(pair));
-    const Bytes16 low = InterleaveLow(even, odd), high = InterleaveHigh(even, odd);
+  VX_INLINE PairSums() { a = b = c = d = Fill<Sums<V>>(Filter<uint8_t>::kStart); }
+  VX_INLINE void Add(V even, V odd, uint32_t pair) {
+    const auto weights = As<Words<V>>(Fill<Sums<V>>(pair));
+    const V low = InterleaveLow(even, odd), high = InterleaveHigh(even, odd);
     a += ProductSums(WidenLow(low), weights);
     b += ProductSums(WidenHigh(low), weights);
     c += ProductSums(WidenLow(high), weights);
     d += ProductSums(WidenHigh(high), weights);
   }
-  VX_INLINE Bytes16 Finish() const { return FinishBytes(a, b, c, d); }
+  VX_INLINE V Finish() const { return FinishBytes(a, b, c, d); }
 };
 
 // The rule of an output row. kTaps is the number of taps, or 0 for any.
@@ -42,7 +43,7 @@ struct FilteredRow {
       return V{FilterOne<uint8_t>(rows.weights, kTaps > 0 ? kTaps : rows.count,
                                   [&](int32_t k) { return read(rows.Row(k))[0]; })};
     } else {
-      PairSums sums;
+      PairSums<V> sums;
       const auto add = [&](int32_t k, uint32_t pair)
                            VX_INLINED { sums.Add(read(rows.Row(k)), read(rows.Row(k + 1)), pair); };
       Repeat<kTaps / 2>([&](int i) VX_INLINED { add(2 * i, pairs[i]); });
@@ -50,7 +51,7 @@ struct FilteredRow {
         int32_t k = 0;
         for (; k + 1 < rows.count; k += 2) add(k, PairAt(k));
         if (k < rows.count)
-          sums.Add(read(rows.Row(k)), Bytes16{}, static_cast<uint16_t>(rows.weights[k]));
+          sums.Add(read(rows.Row(k)), V{}, static_cast<uint16_t>(rows.weights[k]));
       }
       return sums.Finish();
     }
