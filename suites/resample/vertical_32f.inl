@@ -55,7 +55,7 @@ struct FilteredFloats {
     intptr_t x = 0;
     if (sizeof(V) > 16 && blocks.count >= kRegistersToAlign * kCount) {
       storeFrom(0);
-      x = TargetOf<float>{destination, 0}.template ToBoundary<sizeof(V)>();
+      x = TargetOf<float>{destination, 0}.template BoundaryAfter<sizeof(V)>(0);
     }
     for (; x < last; x += kRegisters * kCount) storeFrom(x);
     storeFrom(last);
