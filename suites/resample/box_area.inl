@@ -76,7 +76,7 @@ constexpr int32_t kMostBlockWidth = kSumColumns - 16;
 template <class Form, bool kInPairs, int kHeight>
 VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t columns,
                                const Tiling& blocks) {
-  WithWholeBlocks<uint8_t, Form::kBytes>(columns, [=](auto walk) VX_INLINED {
+  WithWholeBlocks<uint8_t, Form::kBytes>(0, columns, [=](auto walk) VX_INLINED {
     walk.ForEach([=]<class V>(Block<V> block) VX_INLINED {
       const auto read = [](const uint8_t* row) VX_INLINED { return Load<V>(row); };
       const uint8_t* const from = source + block.x;

@@ -47,13 +47,13 @@ struct FilteredFloats {
   VX_INLINE void StoreRow(float* destination, Blocks<V> blocks) const {
     constexpr int kRegisters = 4;
     constexpr intptr_t kCount = kLaneCount<V>;
-    const intptr_t last = blocks.count - kRegisters * kCount;
+    const intptr_t last = blocks.end - kRegisters * kCount;
     if (last < 0) return StoreRow<Blocks<V>>(destination, blocks);
     const auto storeFrom = [&](intptr_t x) VX_INLINED {
       StoreAt<kRegisters>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
     };
     intptr_t x = 0;
-    if (sizeof(V) > 16 && blocks.count >= kRegistersToAlign * kCount) {
+    if (sizeof(V) > 16 && blocks.end >= kRegistersToAlign * kCount) {
       storeFrom(0);
       x = TargetOf<float>{destination, 0}.template BoundaryAfter<sizeof(V)>(0);
     }
