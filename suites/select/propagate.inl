@@ -148,6 +148,8 @@ VX_INLINE void PropagateApart(T* priority, T* value, int32_t lineCount, int32_t 
                                    lineLength, entryStep * static_cast<int32_t>(sizeof(T)));
   }
   if constexpr (Form::kBytes > 1) {
+    // Of 16 bytes in every form: where steps are powers of two, twice as many lines of both
+    // planes meet in the same places of the cache and throw each other out. Measured.
     using V = Lanes<T, 16 / sizeof(T)>;
     if (entryStep == 1)
       return PropagateInTiles<V>(priority, value, lineCount, lineLength, lineStep, 1);
