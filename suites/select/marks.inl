@@ -2,26 +2,81 @@
 #pragma once
 
 #include "common/rows.h"
+#include "common/unroll.h"
 #include "suites/select/marks.h"
 
 namespace vantrix {
 namespace {
 
 constexpr uint8_t kMark = 128;
-// Columns that are walked together, so that what a row was before stays in the first-level
-// cache.
+// Rows that are formed together, so that each is loaded once for itself and its neighbours.
+constexpr int kRowsAtOnce = 4;
+// Columns that are walked together, so that the row above, as it was, stays in the
+// first-level cache.
 constexpr int32_t kColumnsTogether = 4096;
 
-// An entry takes the marks of the rows about it; the entry as it was is set aside for the
-// row below.
-struct SpreadMark {
-  static constexpr int kFewestInRegister = 8;  // halves stored apart are slow to reload
-  template <class V>
-  VX_INLINE Pair<V> operator()(Pair<V> entryAndAbove, V below) const {
-    const auto [entry, above] = entryAndAbove;
-    return {entry | ((above | below) & kMark), entry};
+template <class V, int kRows>
+struct Entries {
+  V above, rows[kRows], below;
+};
+
+// Rows that are read and written together. Beside them stands the row above as it was before
+// its own marks; when they are written, the last of them, as it was, takes its place.
+template <int kRows>
+struct MarkedRows {
+  using Sample = uint8_t;
+  static constexpr bool kIsRead = true;
+  Target first;
+  uint8_t* above;
+  bool hasBelow;
+
+  template <class Place>
+  VX_INLINE auto At(Place place) const {
+    Entries<typename Place::Register, kRows> entries{place.LoadFrom(above), {}, {}};
+    Repeat<kRows>([&](int i) VX_INLINED { entries.rows[i] = place.LoadFrom(Row(i)); });
+    if (hasBelow) entries.below = place.LoadFrom(Row(kRows));
+    return entries;
+  }
+  template <class Place, class V>
+  VX_INLINE void Write(Place place, const Entries<V, kRows>& entries) const {
+    Repeat<kRows>([&](int i) VX_INLINED { place.StoreTo(Row(i), entries.rows[i]); });
+    place.StoreTo(above, entries.above);
+  }
+  template <int kBytes>
+  VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
+    return first.BoundaryAfter<kBytes>(x);
+  }
+
+ private:
+  VX_LANE uint8_t* Row(int i) const { return first.row + i * intptr_t{first.stride}; }
+};
+
+// An entry takes the marks of the rows about it, as they were.
+struct SpreadMarks {
+  template <class V, int kRows>
+  VX_INLINE Entries<V, kRows> operator()(Entries<V, kRows> entries) const {
+    Repeat<kRows>([&](int i) VX_INLINED {
+      const V entry = entries.rows[i];
+      const V below = i + 1 < kRows ? entries.rows[i + 1] : entries.below;
+      entries.rows[i] = entry | ((entries.above | below) & kMark);
+      entries.above = entry;
+    });
+    return entries;
   }
 };
+
+template <class Walk>
+VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t rowBytes,
+                               uint8_t* above) {
+  const auto spread = [&]<int kRows>(std::integral_constant<int, kRows>) VX_INLINED {
+    ApplyToRow(walk, SpreadMarks{},
+               MarkedRows<kRows>{{row, rowBytes}, above, /*hasBelow=*/rows > kRows});
+    row += kRows * intptr_t{rowBytes};
+    rows -= kRows;
+  };
+  while (rows >= kRowsAtOnce) spread(std::integral_constant<int, kRowsAtOnce>{});
+  while (rows > 0) spread(std::integral_constant<int, 1>{});
+}
 
 }  // namespace
 
@@ -32,12 +87,8 @@ void SelectSpreadMark8(uint8_t* data, int32_t rows, int32_t width, int32_t rowBy
     const int32_t columns = width < kColumnsTogether ? width : kColumnsTogether;
     uint8_t above[kColumnsTogether];
     __builtin_memset(above, 0, static_cast<size_t>(columns));
-    uint8_t* row = data;
-    const auto spread = [&](auto below) VX_INLINED {
-      BlendRows<Form>(1, columns, TwoTargets{{row, 0}, {above, 0}}, SpreadMark{}, below);
-    };
-    for (int32_t left = rows; left > 1; --left, row += rowBytes) spread(Plane{row + rowBytes, 0});
-    spread(Constant{0});
+    WithBlocks<Form, uint8_t>(
+        columns, [&](auto walk) VX_INLINED { SpreadInColumns(walk, data, rows, rowBytes, above); });
   }
 }
 
