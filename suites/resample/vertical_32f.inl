@@ -35,30 +35,30 @@ struct FilteredFloats {
                            VX_INLINED { at(i).StoreTo(destination, sums[i] * kWeightScale); });
   }
 
+  template <class Place>
+  VX_INLINE void StorePlace(float* destination, Place place) const {
+    StoreAt<1>(destination, [=](int) VX_INLINED { return place; });
+  }
+
   template <class Walk>
   VX_INLINE void StoreRow(float* destination, Walk walk) const {
-    walk.ForEach([&](auto place) VX_INLINED {
-      StoreAt<1>(destination, [=](int) VX_INLINED { return place; });
-    });
+    walk.ForEach([&](auto place) VX_INLINED { StorePlace(destination, place); });
   }
-  // A long row by several registers, of which the last ones reach back.
+  // Four registers at a time share what a tap's weight takes. They are aligned as those of
+  // ApplyToRow; of the rest of the row each is taken by itself.
   template <class V>
-    requires(!kIsOneSample<V>)
   VX_INLINE void StoreRow(float* destination, Blocks<V> blocks) const {
-    constexpr int kRegisters = 4;
     constexpr intptr_t kCount = kLaneCount<V>;
-    const intptr_t last = blocks.count - kRegisters * kCount;
-    if (last < 0) return StoreRow<Blocks<V>>(destination, blocks);
-    const auto storeFrom = [&](intptr_t x) VX_INLINED {
-      StoreAt<kRegisters>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
-    };
+    constexpr int kRegisters = 4;
     intptr_t x = 0;
     if (sizeof(V) > 16 && blocks.count >= kRegistersToAlign * kCount) {
-      storeFrom(0);
+      StorePlace(destination, blocks.First());
       x = TargetOf<float>{destination, 0}.template ToBoundary<sizeof(V)>();
     }
-    for (; x < last; x += kRegisters * kCount) storeFrom(x);
-    storeFrom(last);
+    for (; x + kRegisters * kCount <= blocks.count; x += kRegisters * kCount)
+      StoreAt<kRegisters>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
+    for (; x < blocks.count; x += kCount)
+      StorePlace(destination, x + kCount <= blocks.count ? Block<V>{x} : blocks.Last());
   }
 };
 
@@ -71,13 +71,12 @@ void FilterResampleVertical32F(const float* source, float* destination, int32_t 
                                const int16_t* weights) {
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
   WithTapCount(taps.count, [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
-    ForEachOutputRow(source, destination, count, width, taps, sourceStride / 4 * 4,
-                     destinationStride / 4 * 4, [=](uint8_t* row, TapRows rows) VX_INLINED {
-                       const FilteredFloats<kTaps> filtered(rows);
-                       WithBlocks<Form, float>(width, [&](auto walk) VX_INLINED {
-                         filtered.StoreRow(reinterpret_cast<float*>(row), walk);
+    WithBlocks<Form, float>(width, [=](auto walk) VX_INLINED {
+      ForEachOutputRow(source, destination, count, width, taps, sourceStride / 4 * 4,
+                       destinationStride / 4 * 4, [=](uint8_t* row, TapRows rows) VX_INLINED {
+                         FilteredFloats<kTaps>(rows).StoreRow(reinterpret_cast<float*>(row), walk);
                        });
-                     });
+    });
   });
 }
 
