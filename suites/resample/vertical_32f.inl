@@ -8,6 +8,14 @@
 namespace vantrix {
 namespace {
 
+// A long row by so many registers at a time, which share what a tap's weight takes. They are
+// aligned as those of ApplyToRow; of the rest of the row each is taken by itself.
+constexpr int kGroup = 4;
+template <class V>
+struct InGroups {
+  Blocks<V> blocks;
+};
+
 // An output row, in registers of samples and several of them at a time. kTaps is the number
 // of taps, or 0 for any.
 template <int kTaps>
@@ -44,23 +52,34 @@ struct FilteredFloats {
   VX_INLINE void StoreRow(float* destination, Walk walk) const {
     walk.ForEach([&](auto place) VX_INLINED { StorePlace(destination, place); });
   }
-  // Four registers at a time share what a tap's weight takes. They are aligned as those of
-  // ApplyToRow; of the rest of the row each is taken by itself.
   template <class V>
-  VX_INLINE void StoreRow(float* destination, Blocks<V> blocks) const {
+  VX_INLINE void StoreRow(float* destination, InGroups<V> groups) const {
     constexpr intptr_t kCount = kLaneCount<V>;
-    constexpr int kRegisters = 4;
+    const Blocks<V> blocks = groups.blocks;
     intptr_t x = 0;
     if (sizeof(V) > 16 && blocks.count >= kRegistersToAlign * kCount) {
       StorePlace(destination, blocks.First());
       x = TargetOf<float>{destination, 0}.template ToBoundary<sizeof(V)>();
     }
-    for (; x + kRegisters * kCount <= blocks.count; x += kRegisters * kCount)
-      StoreAt<kRegisters>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
+    for (; x + kGroup * kCount <= blocks.count; x += kGroup * kCount)
+      StoreAt<kGroup>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
     for (; x < blocks.count; x += kCount)
       StorePlace(destination, x + kCount <= blocks.count ? Block<V>{x} : blocks.Last());
   }
 };
+
+// Calls use(InGroups) for the widest register of kBytes bytes, or a half of that down to 32, of
+// which the row holds a group; returns whether there is one.
+template <int kBytes, class Use>
+VX_INLINE bool WithGroups(int32_t width, Use use) {
+  using V = Lanes<float, kBytes / int{sizeof(float)}>;
+  if (width >= kGroup * kLaneCount<V>) {
+    use(InGroups<V>{{width}});
+    return true;
+  }
+  if constexpr (kBytes > 32) return WithGroups<kBytes / 2>(width, use);
+  return false;
+}
 
 }  // namespace
 
@@ -71,12 +90,15 @@ void FilterResampleVertical32F(const float* source, float* destination, int32_t 
                                const int16_t* weights) {
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
   WithTapCount(taps.count, [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
-    WithBlocks<Form, float>(width, [=](auto walk) VX_INLINED {
+    const auto filter = [=](auto walk) VX_INLINED {
       ForEachOutputRow(source, destination, count, width, taps, sourceStride / 4 * 4,
                        destinationStride / 4 * 4, [=](uint8_t* row, TapRows rows) VX_INLINED {
                          FilteredFloats<kTaps>(rows).StoreRow(reinterpret_cast<float*>(row), walk);
                        });
-    });
+    };
+    if constexpr (Form::kBytes > 1)
+      if (WithGroups<Form::kBytes>(width, filter)) return;
+    WithBlocks<Form, float>(width, filter);
   });
 }
 
