@@ -52,4 +52,17 @@ VX_LANE Words8 GatherPairs(Place place) {
   return As<Words8>(pairs);
 }
 
+// The same from as many places as V has lanes.
+template <class V, class Place>
+VX_LANE V GatherAllPairs(Place place) {
+  if constexpr (sizeof(V) == 16) {
+    return GatherPairs(place);
+  } else {
+    using HalfOfV = decltype(Half<0>(V{}));
+    return Join(GatherAllPairs<HalfOfV>(place), GatherAllPairs<HalfOfV>([=](int i) VX_INLINED {
+                  return place(kLaneCount<HalfOfV> + i);
+                }));
+  }
+}
+
 }  // namespace vantrix

@@ -71,6 +71,7 @@ VX_INLINE ColumnSums<V> SumColumns(const uint8_t* first, intptr_t stride, int32_
   };
   Repeat<kRows>(add);
   if constexpr (kRows == 0) {
+#pragma GCC unroll 1
     for (; rows >= 2; rows -= 2, first += 2 * stride) add(0), add(1);
     if (rows > 0) add(0);
   }

@@ -34,7 +34,7 @@ VX_INLINE void AverageOneByOne(const uint8_t* source, uint8_t* destination, int3
 template <int kHeight>
 struct AveragedPairs {
   const uint8_t* source;
-  const Tiling& blocks;
+  Tiling blocks;
 
   // Of the samples that read(row) takes of each row of blocks.
   template <class V, class Read>
@@ -65,7 +65,7 @@ struct AveragedPairs {
       return Narrow(ends, ends);
     }
   }
-  VX_INLINE void NextRow() {}
+  VX_INLINE void NextRow() { source += blocks.height * blocks.stride; }
 };
 
 // Others sum the columns first, by stretches of what the sums' memory holds.
@@ -116,7 +116,6 @@ struct AveragedSums {
       return Narrow(ends, ends);
     }
   }
-  VX_INLINE void NextRow() {}
 };
 
 // Brings `group` neighbouring sums each together: kGroup of them, where that is not 0. In
@@ -167,7 +166,9 @@ VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int
       if (group > 1)
         WithConstant<2, 3>(group, [&]<int kGroup>(std::integral_constant<int, kGroup>)
                                       VX_INLINED { AddGroups<kGroup>(sums, count, group); });
-      WriteRow<Form>(destination + x, count, AveragedSums{sums, blocks.average});
+      WithBlocks<Form, uint8_t>(count, [&](auto walk) VX_INLINED {
+        WriteRow(walk, destination + x, AveragedSums{sums, blocks.average});
+      });
     } else {
       AverageGroups(sums, destination + x, count, group, blocks.average);
     }
@@ -183,18 +184,17 @@ void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t output
   if (outputColumns < 1 || blockWidth < 1 || blockHeight < 1) return;
   const Tiling blocks{blockWidth, blockHeight, sourceStride,
                       Average(int64_t{blockWidth} * blockHeight)};
-  const bool byPairs =
-      Form::kBytes > 1 && blockWidth == 2 && blockHeight <= Average::kWordCount / 2;
+  if (Form::kBytes > 1 && blockWidth == 2 && blockHeight <= Average::kWordCount / 2)
+    return WithConstant<2>(
+        blockHeight, [&]<int kHeight>(std::integral_constant<int, kHeight>) VX_INLINED {
+          BlendRows<Form>(outputRows, outputColumns, Output{{destination, destinationStride}},
+                          AsItIs{}, AveragedPairs<kHeight>{source, blocks});
+        });
   const bool byColumns = Form::kBytes > 1 && blockWidth <= kMostBlockWidth &&
                          blockHeight <= Average::kWordCount &&
                          int64_t{outputColumns} * blockWidth >= 16;
   for (; outputRows > 0; --outputRows) {
-    if (byPairs)
-      WithConstant<2>(
-          blockHeight, [&]<int kHeight>(std::integral_constant<int, kHeight>) VX_INLINED {
-            WriteRow<Form>(destination, outputColumns, AveragedPairs<kHeight>{source, blocks});
-          });
-    else if (!byColumns)
+    if (!byColumns)
       AverageOneByOne(source, destination, outputColumns, blocks);
     else if constexpr (Form::kBytes > 1)
       AverageByColumns<Form>(source, destination, outputColumns, blocks);

@@ -8,7 +8,8 @@
 namespace vantrix {
 namespace {
 
-// The rule of a row that is the average of `count` rows: kRows, where that is not 0.
+// The rule of a row that is the average of `count` rows, at most Average::kWordCount: kRows,
+// where that is not 0.
 template <int kRows>
 struct AveragedRow {
   const uint8_t* first;
@@ -22,40 +23,54 @@ struct AveragedRow {
       uint32_t sum = 0;
       for (int32_t k = 0; k < count; ++k) sum += read(first + k * stride)[0];
       return V{average.Of(sum)};
-    } else if (kRows > 0 || count <= Average::kWordCount) {
+    } else {
       const ColumnSums<V> sums = SumColumns<V, kRows>(first, stride, count, read);
       return As<V>(average.OfCount<kRows>(sums.even) | average.OfCount<kRows>(sums.odd) << 8);
-    } else {
-      return As<V>(ResultOfMany<V>(read));
     }
   }
+  VX_INLINE void NextRow() { first += count * stride; }
+};
 
-  // By parity once more, in 32-bit lanes.
+// The same of more rows: the sums go on in 32-bit lanes, by parity once more.
+struct AverageOfMany : AveragedRow<0> {
   template <class V, class Read>
-  VX_INLINE Sums<V> ResultOfMany(Read read) const {
-    Sums<V> evenEven{}, evenOdd{}, oddEven{}, oddOdd{};
-    for (int32_t k = 0, rows; k < count; k += rows) {
-      rows = count - k < Average::kWordCount ? count - k : Average::kWordCount;
-      const ColumnSums<V> sums = SumColumns<V>(first + k * stride, stride, rows, read);
-      evenEven += As<Sums<V>>(sums.even) & 65535;
-      evenOdd += As<Sums<V>>(sums.even) >> 16;
-      oddEven += As<Sums<V>>(sums.odd) & 65535;
-      oddOdd += As<Sums<V>>(sums.odd) >> 16;
+  VX_INLINE V Result(Read read) const {
+    if constexpr (kIsOneSample<V>) {
+      return AveragedRow<0>::Result<V>(read);
+    } else {
+      Sums<V> evenEven{}, evenOdd{}, oddEven{}, oddOdd{};
+      for (int32_t k = 0, rows; k < count; k += rows) {
+        rows = count - k < Average::kWordCount ? count - k : Average::kWordCount;
+        const ColumnSums<V> sums = SumColumns<V>(first + k * stride, stride, rows, read);
+        evenEven += As<Sums<V>>(sums.even) & 65535;
+        evenOdd += As<Sums<V>>(sums.even) >> 16;
+        oddEven += As<Sums<V>>(sums.odd) & 65535;
+        oddOdd += As<Sums<V>>(sums.odd) >> 16;
+      }
+      return As<V>(average.Of(evenEven) | average.Of(oddEven) << 8 | average.Of(evenOdd) << 16 |
+                   average.Of(oddOdd) << 24);
     }
-    return average.Of(evenEven) | average.Of(oddEven) << 8 | average.Of(evenOdd) << 16 |
-           average.Of(oddOdd) << 24;
   }
 };
 
 // Two rows average to their rounded mean.
 struct MeanOfTwo {
-  const uint8_t *a, *b;
+  const uint8_t* first;
+  intptr_t stride;
 
   template <class V, class Read>
   VX_INLINE V Result(Read read) const {
-    return RoundedMean(read(a), read(b));
+    return RoundedMean(read(first), read(first + stride));
   }
+  VX_INLINE void NextRow() { first += 2 * stride; }
 };
+
+// A function of its own for each rule: together they would hold more than there are
+// registers for.
+template <class Form, class Operand>
+[[gnu::noinline]] void WriteRows(int32_t rows, int32_t width, Output output, Operand operand) {
+  BlendRows<Form>(rows, width, output, AsItIs{}, operand);
+}
 
 }  // namespace
 
@@ -64,22 +79,30 @@ void BoxAverageRows8(const uint8_t* source, uint8_t* destination, int32_t output
                      const int32_t* rowCounts, int32_t sourceStride, int32_t destinationStride) {
   if (width < 1) return;
   const intptr_t stride = sourceStride;
-  for (int32_t y = 0; y < outputRows; ++y, destination += destinationStride) {
+  for (int32_t y = 0, rows; y < outputRows; y += rows) {
+    // Rows of one count go together.
     const int32_t count = rowCounts[y];
-    if (count == 0) continue;
-    const Average average(count);
+    rows = 1;
+    while (y + rows < outputRows && rowCounts[y + rows] == count) ++rows;
+    const Average average(count == 0 ? 1 : count);
+    const auto write = [&](auto operand) VX_INLINED {
+      WriteRows<Form>(rows, width, Output{{destination, destinationStride}}, operand);
+    };
     if (count < 0)
-      WriteRow<Form>(destination, width, Constant{average.Of(0u)});
+      write(Constant{average.Of(0u)});
     else if (count == 1)
-      WriteRow<Form>(destination, width, Plane{source, 0});
+      write(Plane{source, sourceStride});
     else if (count == 2)
-      WriteRow<Form>(destination, width, Computed<MeanOfTwo>{{source, source + stride}});
-    else
-      WithConstant<3, 4>(count, [&]<int kRows>(std::integral_constant<int, kRows>) VX_INLINED {
-        WriteRow<Form>(destination, width,
-                       Computed<AveragedRow<kRows>>{{source, stride, count, average}});
-      });
-    source += count * stride;
+      write(Computed<MeanOfTwo>{{source, stride}});
+    else if (count > Average::kWordCount)
+      write(Computed<AverageOfMany>{{{source, stride, count, average}}});
+    else if (count > 0)
+      WithConstant<3, 4, 5, 6, 7, 8>(
+          count, [&]<int kRows>(std::integral_constant<int, kRows>) VX_INLINED {
+            write(Computed<AveragedRow<kRows>>{{source, stride, count, average}});
+          });
+    source += intptr_t{count} * rows * stride;
+    destination += intptr_t{rows} * destinationStride;
   }
 }
 

@@ -16,7 +16,7 @@ struct Computed {
     return rule.template Result<typename Place::Register>(
         [=](const uint8_t* row) VX_INLINED { return place.LoadFrom(row); });
   }
-  VX_INLINE void NextRow() {}
+  VX_INLINE void NextRow() { rule.NextRow(); }
 };
 
 struct AsItIs {
@@ -26,9 +26,10 @@ struct AsItIs {
   }
 };
 
-template <class Form, class Operand>
-VX_INLINE void WriteRow(uint8_t* row, int32_t width, Operand operand) {
-  BlendRows<Form>(1, width, Output{row, 0}, AsItIs{}, operand);
+// The samples of an operand, in one row that is walked as WithBlocks says.
+template <class Walk, class Operand>
+VX_INLINE void WriteRow(Walk walk, uint8_t* row, Operand operand) {
+  ApplyToRow(walk, AsItIs{}, Output{{row, 0}}, operand);
 }
 
 }  // namespace vantrix

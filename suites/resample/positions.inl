@@ -1,6 +1,7 @@
 // Bodies of positions.h, for the units that instantiate them.
 #pragma once
 
+#include "common/blocks.h"
 #include "common/gather.h"
 #include "common/rounding.h"
 #include "suites/resample/positions.h"
@@ -35,29 +36,39 @@ VX_INLINE uint8_t SampleAlong(const uint8_t* at, uint8_t fraction) {
 }
 
 // The same in 16-bit lanes, of which a pair holds two samples side by side.
-VX_INLINE Words8 MixWords(Words8 first, Words8 second, Words8 fraction) {
+template <class V>
+VX_INLINE V MixWords(V first, V second, V fraction) {
   return DivideBy255(first * (255 - fraction) + second * fraction);
 }
-VX_INLINE Words8 MixPairs(Words8 pairs, Words8 fraction) {
-  return MixWords(pairs & 255, pairs >> 8, fraction);
+template <class V>
+VX_INLINE V MixPairs(V pairs, V fraction) {
+  return MixWords(V(pairs & 255), V(pairs >> 8), fraction);
 }
 
-// Four coordinates: their indices, and in the low byte of `moved` >> 8 their fractions.
-template <bool kIsLinear>
-struct FourPlaces {
-  Sums4 moved;
+// Two registers that follow one another as one of narrower lanes.
+template <class V>
+VX_INLINE auto NarrowInOrder(V first, V second) {
+  return InMemoryOrder(Narrow(first, second));
+}
 
-  VX_INLINE explicit FourPlaces(const int32_t* positions)
-      : moved(Load<Sums4>(positions) + kOrigin<kIsLinear>) {}
-  VX_INLINE Ints4 Index() const { return As<Ints4>(moved) >> 16; }
-  VX_INLINE Ints4 Fraction() const { return As<Ints4>(moved >> 8 & 255); }
+// A register V of coordinates: their indices, and in the low byte of `moved` >> 8 their
+// fractions.
+template <bool kIsLinear, class V>
+struct Places {
+  Sums<V> moved;
+
+  VX_INLINE explicit Places(const int32_t* positions)
+      : moved(Load<Sums<V>>(positions) + kOrigin<kIsLinear>) {}
+  VX_INLINE V Index() const { return As<V>(moved) >> 16; }
+  VX_INLINE V Fraction() const { return As<V>(moved >> 8 & 255); }
   // Whether the neighbours, needed or not, are inside too.
-  VX_INLINE Ints4 IsIn(Ints4 length) const {
+  VX_INLINE V IsIn(V length) const {
     return (Index() >= 0) & (Index() + (kIsLinear ? 1 : 0) < length);
   }
 };
 
-// A source of one dimension: one output sample, or eight of which none is outside.
+// A source of one dimension. One makes an output sample, Several as many as V has 16-bit
+// lanes, if none is outside.
 template <bool kIsLinear>
 struct Line {
   const uint8_t* source;
@@ -69,19 +80,22 @@ struct Line {
     if (x.IsIn(length)) destination[i] = SampleAlong(source + x.index, x.fraction);
   }
 
-  VX_INLINE bool Eight(uint8_t* destination, intptr_t i) const {
-    const FourPlaces<kIsLinear> a(positions + i), b(positions + i + 4);
-    const Ints4 lengths = Fill<Ints4>(length);
+  template <class V>
+  VX_INLINE bool Several(uint8_t* destination, intptr_t i) const {
+    constexpr int kCount = kLaneCount<V>;
+    const Places<kIsLinear, Ints<V>> a(positions + i), b(positions + i + kCount / 2);
+    const auto lengths = Fill<Ints<V>>(length);
     if (!AllSet(a.IsIn(lengths) & b.IsIn(lengths))) return false;
-    alignas(16) int32_t index[8];
+    alignas(V) int32_t index[kCount];
     Store(index, a.Index());
-    Store(index + 4, b.Index());
+    Store(index + kCount / 2, b.Index());
+    const auto place = [&](int k) VX_INLINED { return source + index[k]; };
     if constexpr (kIsLinear) {
-      const Words8 pairs = GatherPairs([&](int k) VX_INLINED { return source + index[k]; });
-      const Words8 result = MixPairs(pairs, Narrow(a.Fraction(), b.Fraction()));
-      StoreWord(destination + i, As<Quads2>(Narrow(result, result))[0]);
+      const V result =
+          MixPairs(GatherAllPairs<V>(place), As<V>(NarrowInOrder(a.Fraction(), b.Fraction())));
+      Store(destination + i, Half<0>(NarrowInOrder(result, result)));
     } else {
-      Repeat<8>([&](int k) VX_INLINED { destination[i + k] = source[index[k]]; });
+      Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
     }
     return true;
   }
@@ -104,47 +118,65 @@ struct Area {
         y.fraction == 0 ? sample : MixOne(sample, SampleAlong(at + stride, x.fraction), y.fraction);
   }
 
-  VX_INLINE bool Eight(uint8_t* destination, intptr_t i) const {
+  template <class V>
+  VX_INLINE bool Several(uint8_t* destination, intptr_t i) const {
+    constexpr int kCount = kLaneCount<V>, kHalf = kCount / 2;
     const int32_t* const from = positions + 2 * i;
-    const FourPlaces<kIsLinear> a(from), b(from + 4), c(from + 8), d(from + 12);
-    const Ints4 lengths{width, height, width, height};
+    using FourthPart = Places<kIsLinear, Ints<V>>;
+    const FourthPart a(from), b(from + kHalf), c(from + 2 * kHalf), d(from + 3 * kHalf);
+    const auto lengths =
+        As<Ints<V>>(Fill<Quads<V>>(uint32_t(width) | uint64_t{uint32_t(height)} << 32));
     if (!AllSet(a.IsIn(lengths) & b.IsIn(lengths) & c.IsIn(lengths) & d.IsIn(lengths)))
       return false;
-    alignas(16) int32_t index[16];
+    alignas(V) int32_t index[2 * kCount];
     Store(index, a.Index());
-    Store(index + 4, b.Index());
-    Store(index + 8, c.Index());
-    Store(index + 12, d.Index());
+    Store(index + kHalf, b.Index());
+    Store(index + 2 * kHalf, c.Index());
+    Store(index + 3 * kHalf, d.Index());
     const auto place = [&](int k)
                            VX_INLINED { return source + index[2 * k + 1] * stride + index[2 * k]; };
     if constexpr (kIsLinear) {
       // The fractions of x and y in turn, then apart.
-      const auto low = As<Sums4>(Narrow(a.Fraction(), b.Fraction()));
-      const auto high = As<Sums4>(Narrow(c.Fraction(), d.Fraction()));
-      const Words8 x = Narrow(As<Ints4>(low & 65535), As<Ints4>(high & 65535));
-      const Words8 y = Narrow(As<Ints4>(low >> 16), As<Ints4>(high >> 16));
-      const Words8 above = GatherPairs(place);
-      const Words8 below = GatherPairs([&](int k) VX_INLINED { return place(k) + stride; });
-      const Words8 result = MixWords(MixPairs(above, x), MixPairs(below, x), y);
-      StoreWord(destination + i, As<Quads2>(Narrow(result, result))[0]);
+      const auto first = As<Sums<V>>(NarrowInOrder(a.Fraction(), b.Fraction()));
+      const auto second = As<Sums<V>>(NarrowInOrder(c.Fraction(), d.Fraction()));
+      const auto apart = [](Sums<V> low, Sums<V> high) VX_INLINED {
+        return As<V>(NarrowInOrder(As<Ints<V>>(low), As<Ints<V>>(high)));
+      };
+      const V x = apart(first & 65535, second & 65535), y = apart(first >> 16, second >> 16);
+      const V above = GatherAllPairs<V>(place);
+      const V below = GatherAllPairs<V>([&](int k) VX_INLINED { return place(k) + stride; });
+      const V result = MixWords(MixPairs(above, x), MixPairs(below, x), y);
+      Store(destination + i, Half<0>(NarrowInOrder(result, result)));
     } else {
-      Repeat<8>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
+      Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
     }
     return true;
   }
 };
 
-// By eights, of which the last reaches back; those with one outside, singly.
+// As many as V has 16-bit lanes; where one is outside, by halves, and at last singly.
+template <class V, class Source>
+VX_INLINE void SampleBlock(const Source& source, uint8_t* destination, intptr_t i) {
+  constexpr int kCount = kLaneCount<V>;
+  if (source.template Several<V>(destination, i)) return;
+  if constexpr (sizeof(V) == 16) {
+    for (int k = 0; k < kCount; ++k) source.One(destination, i + k);
+  } else {
+    using HalfOfV = decltype(Half<0>(V{}));
+    for (int k = 0; k < kCount; k += kCount / 2) SampleBlock<HalfOfV>(source, destination, i + k);
+  }
+}
+
 template <class Form, class Source>
 void SampleAll(Source source, uint8_t* destination, intptr_t count) {
-  const auto oneByOne = [&](intptr_t i, intptr_t end) {
-    for (; i < end; ++i) source.One(destination, i);
-  };
-  if (Form::kBytes == 1 || count < 8) return oneByOne(0, count);
-  for (intptr_t i = 0; i < count; i += 8) {
-    const intptr_t first = i < count - 8 ? i : count - 8;
-    if (!source.Eight(destination, first)) oneByOne(first, first + 8);
+  if constexpr (Form::kBytes > 1) {
+    const auto inBlocks = [&](auto walk) VX_INLINED {
+      walk.ForEach([&]<class V>(Block<V> block)
+                       VX_INLINED { SampleBlock<V>(source, destination, block.x); });
+    };
+    if (WithWholeBlocks<uint16_t, Form::kBytes>(0, count, inBlocks)) return;
   }
+  for (intptr_t i = 0; i < count; ++i) source.One(destination, i);
 }
 
 }  // namespace

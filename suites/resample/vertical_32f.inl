@@ -8,6 +8,14 @@
 namespace vantrix {
 namespace {
 
+// A long row by so many registers at a time, which share what a tap's weight takes. They are
+// aligned as those of ApplyToRow; of the rest of the row each is taken by itself.
+constexpr int kGroup = 4;
+template <class V>
+struct InGroups {
+  Blocks<V> blocks;
+};
+
 // An output row, in registers of samples and several of them at a time. kTaps is the number
 // of taps, or 0 for any.
 template <int kTaps>
@@ -35,32 +43,43 @@ struct FilteredFloats {
                            VX_INLINED { at(i).StoreTo(destination, sums[i] * kWeightScale); });
   }
 
+  template <class Place>
+  VX_INLINE void StorePlace(float* destination, Place place) const {
+    StoreAt<1>(destination, [=](int) VX_INLINED { return place; });
+  }
+
   template <class Walk>
   VX_INLINE void StoreRow(float* destination, Walk walk) const {
-    walk.ForEach([&](auto place) VX_INLINED {
-      StoreAt<1>(destination, [=](int) VX_INLINED { return place; });
-    });
+    walk.ForEach([&](auto place) VX_INLINED { StorePlace(destination, place); });
   }
-  // A long row by several registers, of which the last ones reach back.
   template <class V>
-    requires(!kIsOneSample<V>)
-  VX_INLINE void StoreRow(float* destination, Blocks<V> blocks) const {
-    constexpr int kRegisters = 4;
+  VX_INLINE void StoreRow(float* destination, InGroups<V> groups) const {
     constexpr intptr_t kCount = kLaneCount<V>;
-    const intptr_t last = blocks.end - kRegisters * kCount;
-    if (last < 0) return StoreRow<Blocks<V>>(destination, blocks);
-    const auto storeFrom = [&](intptr_t x) VX_INLINED {
-      StoreAt<kRegisters>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
-    };
+    const Blocks<V> blocks = groups.blocks;
     intptr_t x = 0;
     if (sizeof(V) > 16 && blocks.end >= kRegistersToAlign * kCount) {
-      storeFrom(0);
+      StorePlace(destination, blocks.First());
       x = TargetOf<float>{destination, 0}.template BoundaryAfter<sizeof(V)>(0);
     }
-    for (; x < last; x += kRegisters * kCount) storeFrom(x);
-    storeFrom(last);
+    for (; x + kGroup * kCount <= blocks.end; x += kGroup * kCount)
+      StoreAt<kGroup>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
+    for (; x < blocks.end; x += kCount)
+      StorePlace(destination, x + kCount <= blocks.end ? Block<V>{x} : blocks.Last());
   }
 };
+
+// Calls use(InGroups) for the widest register of kBytes bytes, or a half of that down to 32, of
+// which the row holds a group; returns whether there is one.
+template <int kBytes, class Use>
+VX_INLINE bool WithGroups(int32_t width, Use use) {
+  using V = Lanes<float, kBytes / int{sizeof(float)}>;
+  if (width >= kGroup * kLaneCount<V>) {
+    use(InGroups<V>{{width}});
+    return true;
+  }
+  if constexpr (kBytes > 32) return WithGroups<kBytes / 2>(width, use);
+  return false;
+}
 
 }  // namespace
 
@@ -71,13 +90,15 @@ void FilterResampleVertical32F(const float* source, float* destination, int32_t 
                                const int16_t* weights) {
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
   WithTapCount(taps.count, [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
-    ForEachOutputRow(source, destination, count, width, taps, sourceStride / 4 * 4,
-                     destinationStride / 4 * 4, [=](uint8_t* row, TapRows rows) VX_INLINED {
-                       const FilteredFloats<kTaps> filtered(rows);
-                       WithBlocks<Form, float>(width, [&](auto walk) VX_INLINED {
-                         filtered.StoreRow(reinterpret_cast<float*>(row), walk);
+    const auto filter = [=](auto walk) VX_INLINED {
+      ForEachOutputRow(source, destination, count, width, taps, sourceStride / 4 * 4,
+                       destinationStride / 4 * 4, [=](uint8_t* row, TapRows rows) VX_INLINED {
+                         FilteredFloats<kTaps>(rows).StoreRow(reinterpret_cast<float*>(row), walk);
                        });
-                     });
+    };
+    if constexpr (Form::kBytes > 1)
+      if (WithGroups<Form::kBytes>(width, filter)) return;
+    WithBlocks<Form, float>(width, filter);
   });
 }
 

@@ -67,11 +67,13 @@ void FilterResampleVertical8(const uint8_t* source, uint8_t* destination, int32_
                              const int16_t* weights) {
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
   WithTapCount(taps.count, [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
-    ForEachOutputRow(source, destination, count, width, taps, sourceStride, destinationStride,
-                     [&](uint8_t* row, TapRows rows) VX_INLINED {
-                       WriteRow<Form>(row, width,
-                                      Computed<FilteredRow<kTaps>>{FilteredRow<kTaps>{rows}});
-                     });
+    WithBlocks<Form, uint8_t>(width, [=](auto walk) VX_INLINED {
+      ForEachOutputRow(source, destination, count, width, taps, sourceStride, destinationStride,
+                       [=](uint8_t* row, TapRows rows) VX_INLINED {
+                         WriteRow(walk, row,
+                                  Computed<FilteredRow<kTaps>>{FilteredRow<kTaps>{rows}});
+                       });
+    });
   });
 }
 
