@@ -6,7 +6,7 @@ def blends(*slots):
 
 
 CLASSES = [
-    ("Normal blends under a mask", blends("2", "2 disc", "3")),
+    ("Normal blends under a mask", blends(2, "2 disc", 3)),
     ("Lighten and darken under a mask", blends("7", "7 disc", "8", "10", "10 disc", "11")),
     ("Multiply and screen in part", blends("22", "22 disc", "56", "57", "26")),
     ("Overlay and hard light in part",

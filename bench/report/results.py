@@ -6,10 +6,16 @@ import statistics
 from collections import defaultdict
 
 PLANES = ["64x256", "256x1024", "4096x4096"]
+CACHED = "256x1024"
 ROWS = ["64x5", "64x15", "64x33", "64x100"]
 BLOCK = "1x128"
-WIDE = ["SSE41", "SSSE3", "SSE2"]  # the widest first, which is the one that is installed
+SIXTEEN = ["SSE2", "SSSE3"]  # forms of 16 bytes
+WIDER = ["AVX2", "AVX512"]  # narrowest first, as all lists of forms
+FORMS = ["scalar"] + SIXTEEN + WIDER
 PEERS = ["libyuv", "OpenCV", "C library"]
+# A processor that takes 64-byte registers whole adds at least so many times the bytes a cycle
+# in them that it adds in 32-byte ones; one that splits them adds no more.
+WHOLE_PORTS = 1.15
 
 
 class Results:
@@ -48,8 +54,12 @@ class Results:
         name = self.names.get(slot, slot)
         return f"{name}, {setting}" if setting else name
 
+    def cases(self):
+        """Those of kernels, but for misaligned planes."""
+        return [case for case in self.values if not case.startswith("path") and not case.endswith("misaligned")]
+
     def has(self, case, form, shape):
-        return bool(form) and shape in self.values[case].get(form, {})
+        return bool(form) and case in self.values and shape in self.values[case].get(form, {})
 
     def least(self, case, form, shape):
         return min(self.values[case][form][shape])
@@ -57,22 +67,65 @@ class Results:
     def median(self, case, form, shape):
         return statistics.median(self.values[case][form][shape])
 
+    def repetitions(self):
+        return max(len(values) for forms in self.values.values() for shapes in forms.values()
+                   for values in shapes.values())
+
+    def widest(self):
+        """The widest form that runs on the processor that was measured."""
+        return max((form for forms in self.values.values() for form in forms if form in FORMS),
+                   key=FORMS.index, default=None)
+
     def installed(self, case):
-        """The form that a processor of this kind gets."""
-        forms = self.values[case]
-        return next((form for form in WIDE + ["scalar", "plain"] if form in forms), None)
+        """The form that stands in the slot on the processor that was measured."""
+        forms = self.values.get(case, {})
+        return next((form for form in reversed(["plain"] + FORMS) if form in forms), None)
 
-    def peer(self, case, shape):
-        """The best of the peers."""
-        peers = [form for form in PEERS if self.has(case, form, shape)]
-        return min(peers, key=lambda form: self.least(case, form, shape), default=None)
+    def best(self, case, forms, shape):
+        forms = [form for form in forms if self.has(case, form, shape)]
+        return min(forms, key=lambda form: self.least(case, form, shape), default=None)
 
-    def ratio(self, case, other, shape, form=None):
-        """How many times as long as the installed form another takes; None if not measured."""
-        form = form or self.installed(case)
+    def form(self, case, role, shape):
+        """A form by its name or by its part: installed, 16-byte, peer, or its own limit."""
+        if role == "installed":
+            return self.installed(case)
+        if role == "16-byte":
+            return self.best(case, SIXTEEN, shape)
+        if role == "peer":
+            return self.best(case, PEERS, shape)
+        if role == "own limit":
+            return "limit widest" if self.installed(case) in WIDER else "limit"
+        return role
+
+    def narrower(self, case, form, shape):
+        """The next narrower form that was measured, the best of several of one width."""
+        if form == "AVX512" and self.has(case, "AVX2", shape):
+            return "AVX2"
+        return self.best(case, SIXTEEN, shape) if form in WIDER else "scalar"
+
+    def ratio(self, case, other, shape, form="installed"):
+        """How many times as long as `form` another takes; None if one was not measured."""
+        form, other = self.form(case, form, shape), self.form(case, other, shape)
         if not self.has(case, other, shape) or not self.has(case, form, shape):
             return None
         return self.least(case, other, shape) / self.least(case, form, shape)
+
+    def misaligned(self, case, form, shape):
+        """How many times as long a form takes where no plane is aligned."""
+        moved = case + " misaligned"
+        if not self.has(moved, form, shape) or not self.has(case, form, shape):
+            return None
+        return self.least(moved, form, shape) / self.least(case, form, shape)
+
+    def bytes_added(self, form):
+        """In a cycle, in registers; None where the form does not run."""
+        added = self.context.get(f"bytes added per cycle, {form}")
+        return added and float(added)
+
+    def has_whole_ports(self):
+        """Whether 64-byte registers are taken whole; None where there are none."""
+        wide, half = self.bytes_added("AVX512"), self.bytes_added("AVX2")
+        return wide and half and wide / half >= WHOLE_PORTS
 
     def spread(self):
         """By how much medians exceed the least: in the middle case."""
