@@ -21,6 +21,7 @@ foreach(form ${VANTRIX_FORMS})
   get_directory_property(flags ${plugin} VANTRIX_FLAGS_${form})
   macros_with(macros ${common} ${flags})
   list(REMOVE_ITEM macros ${always})
+  list(FILTER macros EXCLUDE REGEX "^__FP_FAST_")  # that fused products are quick
   list(JOIN macros " " macros)
   string(APPEND text "template <>\ninline constexpr const char* kMacros<${form}> = \"${macros}\";\n")
 endforeach()

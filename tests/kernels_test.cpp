@@ -94,8 +94,10 @@ TEST(FormsTest, RunWhereTheyShould) {
   Forms::ForEach(name);
   TestForms::ForEach(name);
   std::printf("forms run here:%s; not run:%s\n", run.c_str(), notRun.c_str());
-  if (const char* const expected = std::getenv("VANTRIX_EXPECT_FORMS"))
+  const char* const expected = std::getenv("VANTRIX_EXPECT_FORMS");
+  if (expected) {
     EXPECT_EQ(run, std::string(" ") + expected);
+  }
 }
 
 TEST(InstalledTest, StandInTheTablesInTheirWidestBuildWhereTheirGateIsOpen) {

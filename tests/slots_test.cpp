@@ -79,7 +79,9 @@ void ExpectWidestBuilds(FakeHost& host, const Processor& has) {
                                  << build.second;
     ++found;
   }
-  if (has.sse && has.sse2 && has.sse41) EXPECT_EQ(found, widest.size());
+  if (has.sse && has.sse2 && has.sse41) {
+    EXPECT_EQ(found, widest.size());
+  }
 }
 
 void ExpectSlots(const Processor& has) {
