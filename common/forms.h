@@ -50,7 +50,7 @@ struct FormList {
 
   // visit.operator()<Form>() for each.
   template <class Visit>
-  static constexpr void ForEach(Visit visit) {
+  static constexpr void ForEach([[maybe_unused]] Visit visit) {
     (visit.template operator()<Form>(), ...);
   }
 };

@@ -6,10 +6,10 @@
 namespace vantrix {
 
 // Calls visit.operator()<Form>(suite, build) for each, suite by suite, narrowest form first.
-template <class Visit>
+template <class InForms = Forms, class Visit>
 void ForEachBuild(Visit visit) {
   const auto inSuite = [&]<class Kernels>(SuiteIndex suite, Kernels) {
-    Forms::ForEach([&]<class Form>() {
+    InForms::ForEach([&]<class Form>() {
       for (const Build& build : Kernels::template In<Form>())
         if (build.routine) visit.template operator()<Form>(suite, build);
     });

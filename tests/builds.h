@@ -10,8 +10,16 @@
 #include "plugin/suites.h"
 #include "plugin/system.h"
 #include "suites/all_builds.h"
+#include "tests/text64.h"
 
 namespace vantrix {
+
+// Only clang compiles registers that are wider than the instructions into parts of them.
+#if defined(VANTRIX_TEXT64)
+using TestForms = FormList<Text64>;
+#else
+using TestForms = FormList<>;
+#endif
 
 struct TestedBuild {
   SuiteIndex suite;
@@ -19,7 +27,8 @@ struct TestedBuild {
   const char* form;
   int bytes;  // of the form's registers
   Routine routine;
-  bool runsHere;  // on this processor
+  bool runsHere;     // on this processor
+  bool isInstalled;  // wherever it runs and none is wider
 };
 
 inline void PrintTo(const TestedBuild& build, std::ostream* stream) {
@@ -41,13 +50,18 @@ inline InstructionSets InstructionSetsHere() {
   return DetectInstructionSets(kThisSystem, DetectFeatures(kThisSystem));
 }
 
+// Those of the forms, then those of the form of the tests.
 inline std::vector<TestedBuild> AllBuilds() {
   std::vector<TestedBuild> builds;
   const InstructionSets here = InstructionSetsHere();
-  ForEachBuild([&]<class Form>(SuiteIndex suite, const Build& build) {
-    builds.push_back(
-        {suite, build.slot, Form::kName, Form::kBytes, build.routine(), Form::RunsOn(here)});
-  });
+  const auto add = [&](bool isInstalled) {
+    return [&, isInstalled]<class Form>(SuiteIndex suite, const Build& build) {
+      builds.push_back({suite, build.slot, Form::kName, Form::kBytes, build.routine(),
+                        Form::RunsOn(here), isInstalled});
+    };
+  };
+  ForEachBuild(add(true));
+  ForEachBuild<TestForms>(add(false));
   return builds;
 }
 

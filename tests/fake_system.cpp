@@ -10,10 +10,10 @@ namespace {
 using Failure = FakeSystem::CountFailure;
 FakeSystem* fake;
 
-CpuidWords Cpuid(uint32_t leaf, uint32_t) {
+CpuidWords Cpuid(uint32_t leaf, uint32_t subLeaf) {
   ++fake->cpuidCalls;
   const auto found = fake->leaves.find(leaf);
-  return found == fake->leaves.end() ? CpuidWords{} : found->second;
+  return found == fake->leaves.end() || subLeaf != 0 ? CpuidWords{} : found->second;
 }
 
 bool LogicalProcessorInformation(ProcessorRelation* records, uint32_t* bytes) {

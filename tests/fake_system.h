@@ -11,7 +11,7 @@
 namespace vantrix {
 
 struct FakeSystem {
-  // Leaves by number; a missing one reads as zeros.
+  // Leaves by number, each its sub-leaf 0; a missing one and other sub-leaves read as zeros.
   std::map<uint32_t, CpuidWords> leaves;
   bool executesSSE = true;
   uint64_t enabledState = 0;

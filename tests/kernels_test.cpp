@@ -1,11 +1,25 @@
 // Every build of every kernel against the host's reference routine.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
+#include "host/services.h"
 #include "tests/builds.h"
+#include "tests/register_state.h"
 #include "tests/started_tables.h"
 
 namespace vantrix {
 namespace {
+
+// Whole registers of every form and a rest, a few registers, none.
+constexpr host::Shape kShapes[] = {{3, 200}, {2, 33}, {1, 7}};
+
+// Calls with the stack so many bytes further on: callers keep it at multiples of 16.
+[[gnu::noinline]] void CallOnStack(size_t shift, const std::function<void()>& call) {
+  volatile char* const room = static_cast<char*>(__builtin_alloca(shift + 16));
+  *room = 0;
+  call();
+}
 
 class KernelsTest : public ::testing::TestWithParam<TestedBuild> {
  protected:
@@ -13,6 +27,15 @@ class KernelsTest : public ::testing::TestWithParam<TestedBuild> {
   void SetUp() override {
     ASSERT_NE(reference_, nullptr) << "a kernel without a reference";
     if (!GetParam().runsHere) GTEST_SKIP() << "not on this processor";
+  }
+  // The same in a scene of this shape whose calls `run` makes.
+  std::string CompareRun(host::Shape shape, const host::Runner& run) {
+    host::Scene scene(arena_, host::Choices(uint64_t{1}));
+    scene.Measure(shape, [&](const std::function<void()>& call) {
+      host::services.polls = 0;  // results count them
+      run(call);
+    });
+    return Compare(scene);
   }
   std::string Compare(const host::Scene& scene) {
     return host::CompareRoutines(reference_->exercise, reference_->routine, GetParam().routine,
@@ -38,8 +61,44 @@ TEST_P(KernelsTest, EqualsTheReferenceAtEveryPlaceAndWidth) {
   }
 }
 
+// Registers wider than 16 bytes are put aside on a stack that the kernel aligns itself.
+TEST_P(KernelsTest, EqualsTheReferenceOnAnyStack) {
+  for (const host::Shape shape : kShapes)
+    for (const size_t shift : {0, 16, 32, 48})
+      ASSERT_EQ(CompareRun(shape, [=](const auto& call) { CallOnStack(shift, call); }), "")
+          << shape.columns << " columns, stack " << shift << " bytes on";
+}
+
+TEST_P(KernelsTest, LeavesTheUpperHalvesOfRegistersUnused) {
+  if (!TellsUpperHalves()) GTEST_SKIP() << "this processor does not tell";
+  for (const host::Shape shape : kShapes) {
+    uint32_t used = 0;
+    CompareRun(shape, [&](const auto& call) {
+      call();
+      used |= UpperHalvesInUse();
+    });
+    EXPECT_EQ(used, 0u) << shape.columns << " columns";
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(AllBuilds, KernelsTest, ::testing::ValuesIn(AllBuilds()),
                          [](const auto& test) { return NameOf(test.param); });
+
+// Builds that this processor does not run are skipped, so a run says which they were; where it
+// is known what must run, VANTRIX_EXPECT_FORMS holds it to that.
+TEST(FormsTest, RunWhereTheyShould) {
+  std::string run, notRun;
+  const auto name = [&]<class Form>() {
+    (Form::RunsOn(InstructionSetsHere()) ? run : notRun) += std::string(" ") + Form::kName;
+  };
+  Forms::ForEach(name);
+  TestForms::ForEach(name);
+  std::printf("forms run here:%s; not run:%s\n", run.c_str(), notRun.c_str());
+  const char* const expected = std::getenv("VANTRIX_EXPECT_FORMS");
+  if (expected) {
+    EXPECT_EQ(run, std::string(" ") + expected);
+  }
+}
 
 TEST(InstalledTest, StandInTheTablesInTheirWidestBuildWhereTheirGateIsOpen) {
   const host::Tables& tables = StartedTables();
@@ -50,7 +109,8 @@ TEST(InstalledTest, StandInTheTablesInTheirWidestBuildWhereTheirGateIsOpen) {
       isOpen |= slot.index == build.slot && host::ProcessorOpens(slot.gate);
     Routine expected = tables.Default(build.suite, build.slot);
     for (const TestedBuild& other : builds)
-      if (isOpen && other.suite == build.suite && other.slot == build.slot && other.runsHere)
+      if (isOpen && other.suite == build.suite && other.slot == build.slot && other.runsHere &&
+          other.isInstalled)
         expected = other.routine;
     EXPECT_EQ(tables.Live(build.suite, build.slot), expected) << NameOf(build);
   }

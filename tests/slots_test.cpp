@@ -1,15 +1,17 @@
-// Which slots change on which processor. The numbers stand here once more, on their
-// own, so that a slip in a table shows.
+// Which slots change on which processor, and in which form. The numbers stand here once more,
+// on their own, so that a slip in a table shows.
 #include <gmock/gmock.h>
 #include <xmmintrin.h>
 
 #include <algorithm>
+#include <map>
 
 #include "plugin/core.h"
 #include "plugin/install.h"
 #include "plugin/processor.h"
 #include "plugin/startup.h"
 #include "suites/install.h"
+#include "tests/builds.h"
 #include "tests/fake_host.h"
 #include "tests/fake_system.h"
 
@@ -39,16 +41,62 @@ Slots Join(std::initializer_list<Slots> parts) {
   return all;
 }
 
-void ExpectSlots(bool sse, bool sse2, bool sse41) {
-  SCOPED_TRACE(testing::Message() << "SSE " << sse << " SSE2 " << sse2 << " SSE4.1 " << sse41);
+struct Processor {
+  bool sse, sse2, ssse3, sse41;
+  int wide;  // bytes of the widest registers that it has and its system saves
+
+  bool Runs(const std::string& form) const {
+    const bool hasOlder = sse2 && ssse3 && sse41;
+    return form == "scalar" || (form == "SSE2" && sse2) || (form == "SSSE3" && ssse3) ||
+           (form == "AVX2" && hasOlder && wide >= 32) ||
+           (form == "AVX512" && hasOlder && wide >= 64);
+  }
+};
+
+void Play(const Processor& has, FakeSystem& system) {
+  // All but the flags, where there are wide registers.
+  const uint32_t others = has.wide > 16 ? ~(kSSE3 | kSSSE3 | kSSE41) : 0;
+  system.SetFeatures((has.sse ? kSSE : 0) | (has.sse2 ? kSSE2 : 0),
+                     others | (has.ssse3 ? kSSSE3 : 0) | (has.sse41 ? kSSE41 : 0));
+  if (has.wide == 16) return;
+  system.leaves[0].eax = 7;
+  system.leaves[7] = {.eax = 0, .ebx = ~0u, .ecx = ~0u, .edx = 0};
+  system.enabledState = has.wide == 32 ? 0x07 : 0xE7;
+}
+
+// In a slot that is ours stands the last of its builds that the processor runs.
+void ExpectWidestBuilds(FakeHost& host, const Processor& has) {
+  std::map<std::pair<SuiteIndex, int>, std::pair<Routine, const char*>> widest;
+  for (const TestedBuild& build : AllBuilds())
+    if (build.isInstalled && has.Runs(build.form))
+      widest[{build.suite, build.slot}] = {build.routine, build.form};
+  size_t found = 0;
+  for (const auto& [place, build] : widest) {
+    const auto [suite, slot] = place;
+    const Routine live = host.Live(suite)[slot];
+    if (live == host.Original(suite, slot)) continue;  // behind a closed gate
+    EXPECT_EQ(live, build.first) << host::Catalog()[suite].name << ' ' << slot << ' '
+                                 << build.second;
+    ++found;
+  }
+  if (has.sse && has.sse2 && has.sse41) {
+    EXPECT_EQ(found, widest.size());
+  }
+}
+
+void ExpectSlots(const Processor& has) {
+  const auto [sse, sse2, ssse3, sse41, wide] = has;
+  SCOPED_TRACE(testing::Message() << "SSE " << sse << " SSE2 " << sse2 << " SSSE3 " << ssse3
+                                  << " SSE4.1 " << sse41 << ", " << wide << " bytes");
   FakeHost host;
   FakeSystem system;
-  system.SetFeatures((sse ? kSSE : 0) | (sse2 ? kSSE2 : 0), sse41 ? kSSE41 : 0);
+  Play(has, system);
   processorInfo.filled = 0;
   int16_t result;
   const uint32_t control = _mm_getcsr();
   ASSERT_EQ(Startup(host.Block(), &result, system.Table()), 1);
   _mm_setcsr(control);
+  ExpectWidestBuilds(host, has);
 
   const auto when = [](bool condition, const Slots& slots) { return condition ? slots : Slots{}; };
   EXPECT_EQ(host.ChangedSlots(kBlend), Join({when(sse, kBlendSSE), when(sse2, kBlendSSE2)}));
@@ -69,7 +117,9 @@ TEST(SlotsTest, ChangeAsTheFlagsSayEachOnItsOwn) {
   EXPECT_EQ(kBlendSSE.size(), 11u);
   EXPECT_EQ(kBlendSSE.size() + kBlendSSE2.size(), 54u);
   EXPECT_EQ(kPaintSSE2.size(), 37u);
-  for (int flags = 0; flags < 8; ++flags) ExpectSlots(flags & 1, flags & 2, flags & 4);
+  for (const int wide : {16, 32, 64})
+    for (int flags = 0; flags < 16; ++flags)
+      ExpectSlots({(flags & 1) != 0, (flags & 2) != 0, (flags & 4) != 0, (flags & 8) != 0, wide});
 }
 
 // Start-up hands on what the last of them answers.
