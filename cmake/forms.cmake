@@ -3,7 +3,11 @@
 #
 # Kernels make their vectors themselves. Of loops left over in wide units, compilers make
 # gathers and masked stores, which some processors run from microcode.
-set(VANTRIX_NO_AUTOVECTORS $<IF:$<CXX_COMPILER_ID:Clang>,-fno-vectorize$<SEMICOLON>-fno-slp-vectorize,-fno-tree-vectorize>)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  set(VANTRIX_NO_AUTOVECTORS -fno-vectorize -fno-slp-vectorize)
+else()
+  set(VANTRIX_NO_AUTOVECTORS -fno-tree-vectorize)
+endif()
 set(VANTRIX_FORMS Scalar Sse2 Ssse3 Avx2 Avx512)
 set(VANTRIX_FLAGS_Ssse3 -mssse3)
 set(VANTRIX_FLAGS_Avx2 -mavx2 ${VANTRIX_NO_AUTOVECTORS})
