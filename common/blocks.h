@@ -71,6 +71,35 @@ struct Blocks {
   }
 };
 
+// A row of `count` samples, at least 16 bytes, in blocks of kBytes, the last one in the
+// narrowest that covers the rest; where it is more than the rest it reaches back. For heavy
+// work, of which half a register costs half. Out of place only: what blocks have in common is
+// computed again.
+template <class T, int kBytes>
+struct TaperedBlocks {
+  using Register = Lanes<T, kBytes / int{sizeof(T)}>;
+  static constexpr intptr_t kSize = kLaneCount<Register>;
+  intptr_t count;
+
+  VX_LANE Block<Register> Last() const { return {count - kSize}; }
+
+  template <class Work>
+  VX_INLINE void ForEach(Work work) const {
+    ForEachFrom(0, work);
+  }
+  // Those from sample x on.
+  template <class Work>
+  VX_INLINE void ForEachFrom(intptr_t x, Work work) const {
+    for (; x <= count - kSize; x += kSize) work(Block<Register>{x});
+    if constexpr (kBytes > 16) {
+      if (count >= kSize && count - x > kSize / 2) return work(Last());
+      TaperedBlocks<T, kBytes / 2>{count}.ForEachFrom(x, work);
+    } else if (x < count) {
+      work(Last());
+    }
+  }
+};
+
 // A row that is one place, of two ends or of one sample.
 template <class Place>
 struct OnePlace {
@@ -129,6 +158,16 @@ VX_INLINE void WithBlocks(intptr_t count, Use use) {
   if constexpr (Form::kBytes > 1) {
     if (WithWholeBlocks<T, Form::kBytes>(0, count, use)) return;
     if (WithEnds<T, kFewest>(count, use)) return;
+  }
+  use(Singly<T>{count});
+}
+
+// The same for heavy work out of place: whole blocks are tapered.
+template <class Form, class T, class Use>
+VX_INLINE void WithTaperedBlocks(intptr_t count, Use use) {
+  if constexpr (Form::kBytes > 1) {
+    if (count * intptr_t{sizeof(T)} >= 16) return use(TaperedBlocks<T, Form::kBytes>{count});
+    if (WithEnds<T, 2>(count, use)) return;
   }
   use(Singly<T>{count});
 }

@@ -10,7 +10,10 @@
 //   Weigh<Low, High>     d (255 - w) + r w in 16-bit lanes, halves as for Widen
 //   InMemoryOrder        what Narrow makes of two registers that follow one another in
 //                        memory, as it follows in memory
+//   WidenHalf            half a register of bytes to a register of 16-bit lanes, zero-extended,
+//                        in memory's order. NarrowToHalf undoes it, clamped as by Narrow
 //   Twice                each of half a register of bytes two times, in memory's order
+//   InEveryGroup         one group in all groups of a register
 //   HighProduct          the high half of each 32-bit product
 //   Excess               max(a - b, 0)
 //   SumOfDifferences     of |a - b|, over the eight bytes of each 64-bit lane
@@ -111,10 +114,25 @@ VX_LANE TwoRegisters<V> InterleaveInMemoryOrder(V a, V b) {
 }
 
 template <class Half>
+VX_LANE auto WidenHalf(Half v) {
+  return __builtin_convertvector(v, Lanes<uint16_t, sizeof(Half)>);
+}
+template <class V>
+VX_LANE auto NarrowToHalf(V v) {
+  return Half<0>(InMemoryOrder(Narrow(v, v)));
+}
+template <class Half>
 VX_LANE auto Twice(Half v) {
   return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
     return __builtin_shufflevector(v, v, int{i / 2}...);
   }(std::make_index_sequence<2 * sizeof(Half)>{});
+}
+
+template <class V>
+VX_LANE V InEveryGroup(Group<LaneOf<V>> group) {
+  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
+    return __builtin_shufflevector(group, group, int{i % kLaneCount<Group<LaneOf<V>>>}...);
+  }(std::make_index_sequence<kLaneCount<V>>{});
 }
 
 template <class V>
@@ -176,7 +194,11 @@ template <class V>
 VX_LANE V Root(V v) {
   return As<V>(ByWidth([](auto x) VX_INLINED { return _mm_sqrt_ps(As<__m128>(x)); },
                        [](auto x) VX_INLINED { return _mm256_sqrt_ps(As<__m256>(x)); },
-                       [](auto x) VX_INLINED { return _mm512_sqrt_ps(As<__m512>(x)); }, v));
+                       [](auto x) VX_INLINED {
+                         // Of the plain one GCC 12 warns that its header leaves a value open.
+                         return _mm512_mask_sqrt_ps(As<__m512>(x), 0xFFFF, As<__m512>(x));
+                       },
+                       v));
 }
 template <int kLane, class V>
 VX_LANE V Spread(V v) {

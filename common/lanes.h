@@ -50,6 +50,9 @@ inline constexpr bool kIsOneSample = kLaneCount<V> == 1;
 // A register of a form, and one of V's size, seen as lanes of a type.
 template <class T, class Form>
 using Register = Lanes<T, Form::kBytes == 1 ? 1 : Form::kBytes / int{sizeof(T)}>;
+// 16 bytes, of which wider registers are made side by side.
+template <class T>
+using Group = Lanes<T, 16 / sizeof(T)>;
 template <class V>
 using Bytes = Lanes<uint8_t, sizeof(V)>;
 template <class V>

@@ -27,7 +27,7 @@ TEST(DeviationTest, RootIsExactForEveryValueInEveryRoundingMode) {
     _mm_setcsr((entry & ~0x6000u) | mode << 13);
     int32_t root = 0;
     for (int32_t d = 0; d <= 1300500; d += 4) {
-      const Ints4 roots = RootOfTwentyFirst(Ints4{d, d + 1, d + 2, d + 3});
+      const auto roots = RootOfTwentyFirst(Lanes<int32_t, 4>{d, d + 1, d + 2, d + 3});
       for (int32_t i = 0; i < 4; ++i) {
         while ((root + 1) * (root + 1) <= (d + i) / 21) ++root;
         if (roots[i] != root && wrong < 0) wrong = d + i;

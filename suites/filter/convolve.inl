@@ -1,95 +1,102 @@
 // Bodies of convolve.h, for the units that instantiate them.
 #pragma once
 
-#include <type_traits>
-
-#include "common/lane_ops.h"
+#include "common/blocks.h"
+#include "common/unroll.h"
 #include "suites/filter/convolve.h"
 
 namespace vantrix {
+namespace {
 
-inline constexpr uint16_t kRoundingHalf = 128;
+constexpr uint16_t kRoundingHalf = 128;
 // Output rows that are formed together, so that each source row is loaded and widened once
 // for all of them.
-inline constexpr int kRowsAtOnce = 4;
+constexpr int kRowsAtOnce = 4;
 // Windows of more rows than this have their weights spread over lanes as they are needed.
-inline constexpr intptr_t kPreparedTaps = 64;
+constexpr intptr_t kPreparedTaps = 64;
 
-// Where a block of samples lies in its row: a whole register, or the two ends of a shorter
-// row.
-struct WholeBlock {
-  intptr_t x;
-  VX_LANE Bytes16 From(const uint8_t* row) const { return Load<Bytes16>(row + x); }
-  VX_LANE void To(uint8_t* row, Bytes16 samples) const { Store(row + x, samples); }
-};
-template <int kBytes>
-struct BlockOfEnds {
-  intptr_t count;
-  VX_LANE Bytes16 From(const uint8_t* row) const { return LoadEnds<Bytes16, kBytes>(row, count); }
-  VX_LANE void To(uint8_t* row, Bytes16 samples) const { StoreEnds<kBytes>(row, count, samples); }
-};
-
+// Handed on by value throughout, as the weights are: what a function or a closure refers to is
+// loaded again in each block.
 struct WindowPlanes {
   const uint8_t* top;  // the first row of the first output row's window
   intptr_t sourceStride;
   uint8_t* destination;
   intptr_t destinationStride;
+  uint32_t rows;
+  intptr_t columns;
 
-  VX_LANE void NextRows(intptr_t rows) {
-    top += rows * sourceStride;
-    destination += rows * destinationStride;
+  // What is left behind so many rows.
+  VX_LANE WindowPlanes Behind(uint32_t done) const {
+    return {top + intptr_t{done} * sourceStride,
+            sourceStride,
+            destination + intptr_t{done} * destinationStride,
+            destinationStride,
+            rows - done,
+            columns};
   }
 };
 
-// The sums of kRows outputs of one block, in 16-bit lanes that wrap.
-template <int kRows>
+// The sums of kRows outputs of one block of samples V, in 16-bit lanes that wrap.
+template <class V, int kRows>
 struct WindowSums {
-  Words8 low[kRows], high[kRows];
+  Words<V> low[kRows], high[kRows];
 
   VX_INLINE explicit WindowSums(uint16_t start) {
 #pragma GCC unroll 4
-    for (int j = 0; j < kRows; ++j) low[j] = high[j] = Fill<Words8>(start);
+    for (int j = 0; j < kRows; ++j) low[j] = high[j] = Fill<Words<V>>(start);
   }
   template <class Place>
-  VX_INLINE void StoreTo(const WindowPlanes& planes, Place place) const {
+  VX_INLINE void StoreTo(WindowPlanes planes, Place place) const {
 #pragma GCC unroll 4
     for (int j = 0; j < kRows; ++j)
-      place.To(planes.destination + j * planes.destinationStride,
-               Narrow(low[j] >> 8, high[j] >> 8));
+      place.StoreTo(planes.destination + j * planes.destinationStride,
+                    Narrow(low[j] >> 8, high[j] >> 8));
   }
 };
 
-// Weights by themselves: prepared in all lanes, or spread one by one.
+// Weights by themselves: prepared in the lanes of a group, or spread one by one.
 struct PreparedWeights {
-  const Words8* lanes;
-  VX_LANE Words8 operator[](intptr_t k) const { return lanes[k]; }
+  const Group<uint16_t>* groups;
+  template <class W>
+  VX_LANE W In(intptr_t k) const {
+    return InEveryGroup<W>(groups[k]);
+  }
 };
 struct KernelWeights {
   const uint32_t* weights;
-  VX_LANE Words8 operator[](intptr_t k) const {
-    return Fill<Words8>(static_cast<uint16_t>(weights[k]));
+  template <class W>
+  VX_LANE W In(intptr_t k) const {
+    return Fill<W>(static_cast<uint16_t>(weights[k]));
   }
+};
+
+// The number of taps: kKnown, or one that is only known when it runs.
+template <int kKnown>
+struct Taps {
+  intptr_t taps;
+  VX_LANE intptr_t Count() const { return kKnown == 0 ? taps : kKnown; }
 };
 
 // Source rows one at a time: row i of the window takes part in output row j with weight
 // i - j. Right for any weights.
-template <class Form, class Taps, class Weights>
+template <class Taps, class Weights>
 struct RowByRow {
   Taps taps;
   Weights weights;
 
   template <int kRows, class Place>
-  VX_INLINE void Convolve(const WindowPlanes& planes, Place place) const {
-    const intptr_t count = taps;
-    WindowSums<kRows> sums(kRoundingHalf);
+  VX_INLINE void Convolve(WindowPlanes planes, Place place) const {
+    using V = typename Place::Register;
+    const intptr_t count = taps.Count();
+    WindowSums<V, kRows> sums(kRoundingHalf);
     const uint8_t* row = planes.top;
     const auto take = [&](intptr_t i, intptr_t first, intptr_t last) VX_INLINED {
-      const Bytes16 samples = place.From(row);
-      const Words8 low = WidenLow(samples), high = WidenHigh(samples);
+      const V samples = place.LoadFrom(row);
+      const Words<V> low = WidenLow(samples), high = WidenHigh(samples);
 #pragma GCC unroll 4
       for (int j = 0; j < kRows; ++j) {
         if (j < first || j > last) continue;
-        const Words8 weight = weights[i - j];
+        const auto weight = weights.template In<Words<V>>(i - j);
         sums.low[j] += low * weight;
         sums.high[j] += high * weight;
       }
@@ -106,77 +113,53 @@ struct RowByRow {
   }
 };
 
-// kRows output rows. The last block reaches back over the one before.
-template <int kRows, class Block>
-VX_INLINE void ConvolveRows(const WindowPlanes& planes, intptr_t columns, const Block& block) {
-  const auto convolve = [&](auto place)
-                            VX_INLINED { block.template Convolve<kRows>(planes, place); };
-  if (columns >= 16) {
-    for (intptr_t x = 0; x < columns - 16; x += 16) convolve(WholeBlock{x});
-    convolve(WholeBlock{columns - 16});
-  } else if (columns >= 8) {
-    convolve(BlockOfEnds<8>{columns});
-  } else if (columns >= 4) {
-    convolve(BlockOfEnds<4>{columns});
-  } else if (columns >= 2) {
-    convolve(BlockOfEnds<2>{columns});
-  } else {
-    convolve(BlockOfEnds<1>{columns});
-  }
+// kRows rows at a time in the blocks of walk, while there are so many.
+template <int kRows, class Walk, class Window>
+VX_INLINE void ConvolveBlocks(WindowPlanes planes, Walk walk, Window window) {
+  for (; planes.rows >= kRows; planes = planes.Behind(kRows))
+    walk.ForEach([=](auto place) VX_INLINED { window.template Convolve<kRows>(planes, place); });
+}
+// A single column is both ends of its row.
+template <int kRows, class Window>
+VX_INLINE void ConvolveBlocks(WindowPlanes planes, Singly<uint8_t> column, Window window) {
+  ConvolveBlocks<kRows>(planes, OnePlace<Ends<Group<uint8_t>, 1>>{{column.count}}, window);
+}
+template <class Form, int kRows, class Window>
+VX_INLINE void ConvolveRows(WindowPlanes planes, Window window) {
+  WithTaperedBlocks<Form, uint8_t>(
+      planes.columns, [=](auto walk) VX_INLINED { ConvolveBlocks<kRows>(planes, walk, window); });
 }
 
-// Rows by blockOfRows, four at a time, the last ones by blockOfOne.
-template <class BlockOfRows, class BlockOfOne>
-VX_INLINE void ConvolveInLanes(WindowPlanes planes, uint32_t rows, intptr_t columns,
-                               const BlockOfRows& blockOfRows, const BlockOfOne& blockOfOne) {
-  for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce) {
-    ConvolveRows<kRowsAtOnce>(planes, columns, blockOfRows);
-    planes.NextRows(kRowsAtOnce);
-  }
-  for (; rows > 0; --rows) {
-    ConvolveRows<1>(planes, columns, blockOfOne);
-    planes.NextRows(1);
-  }
-}
-
-// Calls work with the number of taps, as a constant where that is a common one.
+// Calls work with Taps, known where they are a common number.
 template <class Work>
 VX_INLINE void WithTaps(intptr_t taps, Work work) {
-  switch (taps) {
-    case 3:
-      return work(std::integral_constant<intptr_t, 3>{});
-    case 5:
-      return work(std::integral_constant<intptr_t, 5>{});
-    case 7:
-      return work(std::integral_constant<intptr_t, 7>{});
-    default:
-      return work(taps);
-  }
+  WithConstant<3, 5, 7>(static_cast<int32_t>(taps),
+                        [=](auto known) VX_INLINED { work(Taps<known>{taps}); });
 }
 
 template <class Form>
-VX_INLINE void ConvolveByRows(const WindowPlanes& planes, uint32_t rows, intptr_t columns,
-                              intptr_t taps, const uint32_t* weights) {
-  const auto convolve = [&](auto count, auto lanes) VX_INLINED {
-    const RowByRow<Form, decltype(count), decltype(lanes)> block{count, lanes};
-    ConvolveInLanes(planes, rows, columns, block, block);
+VX_INLINE void ConvolveByRows(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
+  const auto convolve = [=](auto count, auto inLanes) VX_INLINED {
+    const RowByRow<decltype(count), decltype(inLanes)> window{count, inLanes};
+    ConvolveRows<Form, kRowsAtOnce>(planes, window);
+    ConvolveRows<Form, 1>(planes.Behind(planes.rows / kRowsAtOnce * kRowsAtOnce), window);
   };
-  if (taps > kPreparedTaps) return convolve(taps, KernelWeights{weights});
-  Words8 lanes[kPreparedTaps];
-  for (intptr_t k = 0; k < taps; ++k) lanes[k] = KernelWeights{weights}[k];
-  WithTaps(taps, [&](auto count) VX_INLINED { convolve(count, PreparedWeights{lanes}); });
+  const KernelWeights kernel{weights};
+  if (taps > kPreparedTaps) return convolve(Taps<0>{taps}, kernel);
+  Group<uint16_t> groups[kPreparedTaps];
+  for (intptr_t k = 0; k < taps; ++k) groups[k] = kernel.In<Group<uint16_t>>(k);
+  const PreparedWeights prepared{groups};
+  WithTaps(taps, [=](auto count) VX_INLINED { convolve(count, prepared); });
 }
 
-VX_INLINE void ConvolveSingly(WindowPlanes planes, uint32_t rows, intptr_t columns, intptr_t taps,
-                              const uint32_t* weights) {
-  for (; rows > 0; --rows) {
-    for (intptr_t x = 0; x < columns; ++x) {
+VX_INLINE void ConvolveSingly(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
+  for (; planes.rows > 0; planes = planes.Behind(1)) {
+    for (intptr_t x = 0; x < planes.columns; ++x) {
       uint32_t sum = kRoundingHalf;
       for (intptr_t k = 0; k < taps; ++k)
         sum += planes.top[k * planes.sourceStride + x] * (weights[k] & 0xFFFF);
       planes.destination[x] = static_cast<uint8_t>(sum >> 8);
     }
-    planes.NextRows(1);
   }
 }
 
@@ -187,30 +170,36 @@ VX_INLINE void ConvolveSingly(WindowPlanes planes, uint32_t rows, intptr_t colum
 // at the start. Right while a weight is at most 255 and two neighbours come to at most 256,
 // as those of a mean do.
 //
-// An output row of even number in its group meets weights 2 q and 2 q + 1 in a pair of rows,
-// one of odd number weights 2 q - 1 and 2 q.
+// An output row of even number among the four meets weights 2 q and 2 q + 1 in a pair of
+// rows, one of odd number weights 2 q - 1 and 2 q.
+struct PairedWeights {
+  uint16_t start;
+  Group<uint16_t> even[kPreparedTaps / 2], odd[kPreparedTaps / 2];
+};
+
 template <class Taps>
 struct PairByPair {
   Taps taps;
-  uint16_t start;
-  const Bytes16 *even, *odd;  // the pairs of weights, in all lanes
+  const PairedWeights& weights;
 
   template <int kRows, class Place>
-  VX_INLINE void Convolve(const WindowPlanes& planes, Place place) const {
-    const intptr_t pairs = (taps + 1) / 2;
-    WindowSums<kRows> sums(start);
+  VX_INLINE void Convolve(WindowPlanes planes, Place place) const {
+    using V = typename Place::Register;
+    const intptr_t pairs = (taps.Count() + 1) / 2;
+    WindowSums<V, kRows> sums(weights.start);
     const uint8_t* row = planes.top;
     const auto take = [&](intptr_t p, intptr_t firstPair, intptr_t lastPair) VX_INLINED {
-      const Bytes16 first = place.From(row) ^ 128;
-      const Bytes16 second = place.From(row + planes.sourceStride) ^ 128;
-      const Bytes16 low = InterleaveLow(first, second), high = InterleaveHigh(first, second);
+      const V first = place.LoadFrom(row) ^ 128;
+      const V second = place.LoadFrom(row + planes.sourceStride) ^ 128;
+      const V low = InterleaveLow(first, second), high = InterleaveHigh(first, second);
 #pragma GCC unroll 4
       for (int j = 0; j < kRows; ++j) {
         const intptr_t q = p - j / 2;
         if (j / 2 < firstPair || j / 2 > lastPair) continue;
-        const Bytes16 weights = j % 2 == 0 ? even[q] : odd[q];
-        sums.low[j] += MixedProductSums(weights, low);
-        sums.high[j] += MixedProductSums(weights, high);
+        const auto& groups = j % 2 == 0 ? weights.even : weights.odd;
+        const auto pair = As<V>(InEveryGroup<Words<V>>(groups[q]));
+        sums.low[j] += MixedProductSums(pair, low);
+        sums.high[j] += MixedProductSums(pair, high);
       }
       row += 2 * planes.sourceStride;
     };
@@ -223,14 +212,13 @@ struct PairByPair {
 };
 
 // Whether the weights suit PairByPair; then they were prepared.
-VX_INLINE bool PreparePairs(const uint32_t* weights, intptr_t taps, Bytes16* even, Bytes16* odd,
-                            uint16_t* start) {
+VX_INLINE bool PreparePairs(const uint32_t* weights, intptr_t taps, PairedWeights& pairs) {
   if (taps < 3 || taps > kPreparedTaps) return false;
   const auto weight = [=](intptr_t k) VX_INLINED -> uint32_t {
     return k < 0 || k >= taps ? 0 : weights[k] & 0xFFFF;
   };
   const auto pair = [=](intptr_t k) VX_INLINED {
-    return As<Bytes16>(Fill<Words8>(static_cast<uint16_t>(weight(k) | weight(k + 1) << 8)));
+    return Fill<Group<uint16_t>>(static_cast<uint16_t>(weight(k) | weight(k + 1) << 8));
   };
   uint32_t sum = 0;
   for (intptr_t k = 0; k < taps; ++k) {
@@ -238,26 +226,28 @@ VX_INLINE bool PreparePairs(const uint32_t* weights, intptr_t taps, Bytes16* eve
     sum += weight(k);
   }
   for (intptr_t q = 0; q < (taps + 1) / 2; ++q) {
-    even[q] = pair(2 * q);
-    odd[q] = pair(2 * q - 1);
+    pairs.even[q] = pair(2 * q);
+    pairs.odd[q] = pair(2 * q - 1);
   }
-  *start = static_cast<uint16_t>(kRoundingHalf + 128 * sum);
+  pairs.start = static_cast<uint16_t>(kRoundingHalf + 128 * sum);
   return true;
 }
 
-VX_INLINE bool ConvolveByPairs(const WindowPlanes& planes, uint32_t rows, intptr_t columns,
-                               intptr_t taps, const uint32_t* weights) {
-  Bytes16 even[kPreparedTaps / 2], odd[kPreparedTaps / 2];
-  uint16_t start;
-  if (!PreparePairs(weights, taps, even, odd, &start)) return false;
-  WithTaps(taps, [&](auto count) VX_INLINED {
-    ConvolveInLanes(planes, rows, columns, PairByPair<decltype(count)>{count, start, even, odd},
-                    RowByRow<Ssse3, intptr_t, KernelWeights>{taps, {weights}});
+// As many rows as come together, if the weights suit; returns how many.
+template <class Form>
+VX_INLINE uint32_t ConvolveByPairs(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
+  PairedWeights pairs;
+  if (planes.rows < kRowsAtOnce || !PreparePairs(weights, taps, pairs)) return 0;
+  const PairedWeights& prepared = pairs;
+  WithTaps(taps, [=, &prepared](auto count) VX_INLINED {
+    ConvolveRows<Form, kRowsAtOnce>(planes, PairByPair<decltype(count)>{count, prepared});
   });
-  return true;
+  return planes.rows / kRowsAtOnce * kRowsAtOnce;
 }
 
 #endif
+
+}  // namespace
 
 template <class Form>
 void FilterConvolveVertical8(const uint8_t* source, uint8_t* destination, uint32_t rows,
@@ -266,14 +256,20 @@ void FilterConvolveVertical8(const uint8_t* source, uint8_t* destination, uint32
   if (rows == 0 || columns < 1) return;
   const intptr_t radius = kernel->radius;
   const intptr_t taps = radius < 0 ? 0 : 2 * radius + 1;
-  const WindowPlanes planes{taps == 0 ? source : source - radius * sourceStride, sourceStride,
-                            destination, destinationStride};
-  if constexpr (std::is_same_v<Form, Scalar>)
-    return ConvolveSingly(planes, rows, columns, taps, kernel->weights);
+  WindowPlanes planes{taps == 0 ? source : source - radius * sourceStride,
+                      sourceStride,
+                      destination,
+                      destinationStride,
+                      rows,
+                      columns};
+  if constexpr (Form::kBytes == 1) {
+    ConvolveSingly(planes, taps, kernel->weights);
+  } else {
 #if defined(__SSSE3__)
-  if (ConvolveByPairs(planes, rows, columns, taps, kernel->weights)) return;
+    planes = planes.Behind(ConvolveByPairs<Form>(planes, taps, kernel->weights));
 #endif
-  ConvolveByRows<Form>(planes, rows, columns, taps, kernel->weights);
+    if (planes.rows > 0) ConvolveByRows<Form>(planes, taps, kernel->weights);
+  }
 }
 
 }  // namespace vantrix

@@ -1,7 +1,7 @@
 // Bodies of deviation.h, for the units that instantiate them.
 #pragma once
 
-#include "common/lane_ops.h"
+#include "common/blocks.h"
 #include "plugin/suites.h"
 #include "suites/filter/deviation.h"
 #include "suites/filter/root.h"
@@ -9,73 +9,89 @@
 namespace vantrix {
 namespace {
 
-// Columns of a strip, which is walked downwards with the sums of its rows in registers, and
-// rows after which the next strip takes its turn, so that their lines are still near.
-constexpr int32_t kStrip = 8;
+// A strip of columns is walked downwards with the sums of its rows in registers. After so many
+// rows the next strip takes its turn, so that their lines are still near.
 constexpr int32_t kRowsTogether = 32;
 
-// Of eight neighbourhoods the even and the odd ones, four lanes each: the sum of their
-// samples and of their squares.
-struct Sums {
-  Ints4 evenSum, oddSum, evenSquares, oddSquares;
+// A strip is a place of 16-bit lanes: half a register of samples, or the two ends of a row.
+template <class W>
+VX_LANE W LoadWidened(Block<W> strip, const uint8_t* row) {
+  return WidenHalf(Load<Lanes<uint8_t, kLaneCount<W>>>(row + strip.x));
+}
+template <class W>
+VX_LANE void StoreNarrowed(Block<W> strip, uint8_t* row, W results) {
+  Store(row + strip.x, NarrowToHalf(results));
+}
+template <class W, int kBytes>
+VX_LANE W LoadWidened(Ends<W, kBytes> strip, const uint8_t* row) {
+  return WidenLow(LoadEnds<Bytes<W>, kBytes / 2>(row, strip.count));
+}
+template <class W, int kBytes>
+VX_LANE void StoreNarrowed(Ends<W, kBytes> strip, uint8_t* row, W results) {
+  StoreEnds<kBytes / 2>(row, strip.count, Narrow(results, results));
+}
 
-  VX_LANE Sums operator+(const Sums& other) const {
+// Of a strip's neighbourhoods the even and the odd ones, in 32-bit lanes I each: the sum of
+// their samples and of their squares.
+template <class I>
+struct Moments {
+  I evenSum, oddSum, evenSquares, oddSquares;
+
+  VX_LANE Moments operator+(const Moments& other) const {
     return {evenSum + other.evenSum, oddSum + other.oddSum, evenSquares + other.evenSquares,
             oddSquares + other.oddSquares};
   }
 };
 
-VX_LANE Words8 EightWords(const uint8_t* from) {
-  return WidenLow(As<Bytes16>(Quads2{LoadWord(from), 0}));
+// Of one row, the strip's samples and one more on either side. Seen as 32-bit lanes, words from
+// s[0] on are the pairs s[2 k], s[2 k + 1] that an even and an odd neighbourhood share; the even
+// one adds s[2 k - 1], a low word from s[-1] on, and the odd one s[2 k + 2], a high word from
+// s[1] on.
+template <class Strip>
+VX_INLINE auto SumRow(Strip strip, const uint8_t* row) {
+  using W = typename Strip::Register;
+  using I = Ints<W>;
+  const W pairs = LoadWidened(strip, row), ones = Fill<W>(1);
+  const I before = As<I>(LoadWidened(strip, row - 1)) & 0xFFFF;
+  const I after = As<I>(As<Sums<W>>(LoadWidened(strip, row + 1)) >> 16);
+  const auto products = [](auto a, auto b)
+                            VX_INLINED { return As<I>(ProductSums(As<W>(a), As<W>(b))); };
+  const auto square = [=](I v) VX_INLINED { return products(v, v); };
+  const I sum = products(pairs, ones), squares = products(pairs, pairs);
+  return Moments<I>{sum + before, sum + after, squares + square(before), squares + square(after)};
 }
 
-// Of one row, samples s[-1] to s[8]. Seen as 32-bit lanes, words from s[0] on are the pairs
-// s[2 k], s[2 k + 1] that an even and an odd neighbourhood share; the even one adds s[2 k - 1],
-// a low word from s[-1] on, and the odd one s[2 k + 2], a high word from s[1] on.
-VX_INLINE Sums SumRow(const uint8_t* s) {
-  const Words8 pairs = EightWords(s), ones = Fill<Words8>(1);
-  const Ints4 before = As<Ints4>(EightWords(s - 1)) & 0xFFFF;
-  const Ints4 after = As<Ints4>(As<Sums4>(EightWords(s + 1)) >> 16);
-  const auto products = [](auto a, auto b) VX_INLINED {
-    return As<Ints4>(ProductSums(As<Words8>(a), As<Words8>(b)));
-  };
-  const auto square = [=](Ints4 v) VX_INLINED { return products(v, v); };
-  const Ints4 sum = products(pairs, ones), squares = products(pairs, pairs);
-  return {sum + before, sum + after, squares + square(before), squares + square(after)};
-}
-
-VX_INLINE Ints4 Deviation(Ints4 sum, Ints4 squares) {
-  const auto squareOfSum = As<Ints4>(ProductSums(As<Words8>(sum), As<Words8>(sum)));
+template <class I>
+VX_INLINE I Deviation(I sum, I squares) {
+  const auto squareOfSum = As<I>(ProductSums(As<Words<I>>(sum), As<Words<I>>(sum)));
   return RootOfTwentyFirst((squares << 3) + squares - squareOfSum);
 }
 
-// Eight columns.
-VX_INLINE void DeviateStrip(const uint8_t* source, uint8_t* destination, int32_t rows,
+template <class Strip>
+VX_INLINE void DeviateStrip(Strip strip, const uint8_t* source, uint8_t* destination, int32_t rows,
                             intptr_t sourceStride, intptr_t destinationStride) {
-  Sums middle = SumRow(source), upper = SumRow(source - sourceStride) + middle;
+  using W = typename Strip::Register;
+  auto middle = SumRow(strip, source), upper = SumRow(strip, source - sourceStride) + middle;
   for (; rows > 0; --rows) {
     source += sourceStride;
-    const Sums below = SumRow(source), all = upper + below;
-    const Ints4 even = Deviation(all.evenSum, all.evenSquares);
-    const Ints4 odd = Deviation(all.oddSum, all.oddSquares);
-    const Words8 both = As<Words8>(even | odd << 16);
-    StoreWord(destination, As<Quads2>(Narrow(both, both))[0]);
+    const auto below = SumRow(strip, source), all = upper + below;
+    const auto even = Deviation(all.evenSum, all.evenSquares);
+    const auto odd = Deviation(all.oddSum, all.oddSquares);
+    StoreNarrowed(strip, destination, As<W>(even | odd << 16));
     destination += destinationStride;
     upper = middle + below;
     middle = below;
   }
 }
 
-// At least eight columns; the last strip reaches back over the one before.
-VX_INLINE void DeviateStrips(const uint8_t* source, uint8_t* destination, int32_t rows,
-                             intptr_t columns, intptr_t sourceStride, intptr_t destinationStride) {
+template <class Walk>
+VX_INLINE void DeviateStrips(Walk walk, const uint8_t* source, uint8_t* destination, int32_t rows,
+                             intptr_t sourceStride, intptr_t destinationStride) {
   for (; rows > 0; rows -= kRowsTogether) {
     const int32_t count = rows < kRowsTogether ? rows : kRowsTogether;
-    const auto strip = [&](intptr_t x) VX_INLINED {
-      DeviateStrip(source + x, destination + x, count, sourceStride, destinationStride);
-    };
-    for (intptr_t x = 0; x < columns - kStrip; x += kStrip) strip(x);
-    strip(columns - kStrip);
+    walk.ForEach([=](auto strip) VX_INLINED {
+      DeviateStrip(strip, source, destination, count, sourceStride, destinationStride);
+    });
     source += kRowsTogether * sourceStride;
     destination += kRowsTogether * destinationStride;
   }
@@ -92,11 +108,11 @@ struct ColumnSums {
   }
 };
 
-VX_INLINE void DeviateSingly(const uint8_t* source, uint8_t* destination, int32_t rows,
-                             int32_t columns, intptr_t sourceStride, intptr_t destinationStride) {
+VX_INLINE void DeviateStrips(Singly<uint16_t> columns, const uint8_t* source, uint8_t* destination,
+                             int32_t rows, intptr_t sourceStride, intptr_t destinationStride) {
   for (; rows > 0; --rows) {
     ColumnSums left(source - 1, sourceStride), middle(source, sourceStride);
-    for (int32_t x = 0; x < columns; ++x) {
+    for (intptr_t x = 0; x < columns.count; ++x) {
       const ColumnSums right(source + x + 1, sourceStride);
       const int32_t sum = left.sum + middle.sum + right.sum;
       const int32_t d = 9 * (left.squares + middle.squares + right.squares) - sum * sum;
@@ -117,10 +133,9 @@ int64_t FilterLocalDeviation8(const uint8_t* source, uint8_t* destination, int32
                               int32_t columns, int32_t sourceStride, int32_t destinationStride) {
   const int64_t answer = Call<HostPoll>(coreSuite.live[kHostPoll])();
   if (rows < 1 || columns < 1) return answer;
-  if (Form::kBytes == 1 || columns < kStrip)
-    DeviateSingly(source, destination, rows, columns, sourceStride, destinationStride);
-  else
-    DeviateStrips(source, destination, rows, columns, sourceStride, destinationStride);
+  WithTaperedBlocks<Form, uint16_t>(columns, [=](auto walk) VX_INLINED {
+    DeviateStrips(walk, source, destination, rows, sourceStride, destinationStride);
+  });
   return answer;
 }
 

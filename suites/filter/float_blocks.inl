@@ -10,45 +10,58 @@ namespace {
 
 constexpr int kPhases = 4;
 
-// Four outputs, each the terms of its row one after another.
+// Four outputs a step, each the terms of its row one after another.
 template <int kSpan>
-struct PlainStep {
-  const float* matrix;
-
-  VX_INLINE explicit PlainStep(const float* coefficients) : matrix(coefficients) {}
-  VX_INLINE void operator()(const float* input, float* output) const {
+VX_INLINE void TakeSteps(const float* matrix, uint32_t steps, const float* input, float* output) {
+  for (; steps > 0; --steps, input += kPhases, output += kPhases) {
     for (int r = 0; r < kPhases; ++r) {
       float sum = matrix[r * kSpan] * input[0];
       for (int j = 1; j < kSpan; ++j) sum += matrix[r * kSpan + j] * input[j];
       output[r] = sum;
     }
   }
-};
+}
 
-// The four outputs as four lanes, which add in the same order.
-template <int kSpan>
-struct LaneStep {
-  Floats4 columns[kSpan];  // of the matrix
+// The columns of the matrix, four phases in every group of V.
+template <class V, int kSpan>
+struct Columns {
+  V column[kSpan];
 
-  VX_INLINE explicit LaneStep(const float* matrix) {
+  VX_INLINE explicit Columns(const float* matrix) {
 #pragma GCC unroll 20
     for (int j = 0; j < kSpan; ++j)
-      columns[j] =
-          Floats4{matrix[j], matrix[kSpan + j], matrix[2 * kSpan + j], matrix[3 * kSpan + j]};
+      column[j] = InEveryGroup<V>(
+          Group<float>{matrix[j], matrix[kSpan + j], matrix[2 * kSpan + j], matrix[3 * kSpan + j]});
   }
-  VX_INLINE void operator()(const float* input, float* output) const {
-    Floats4 sum = columns[0] * Spread<0>(Load<Floats4>(input));
+  template <class Wide>
+  VX_INLINE explicit Columns(const Columns<Wide, kSpan>& wide) {
+#pragma GCC unroll 20
+    for (int j = 0; j < kSpan; ++j) column[j] = Half<0>(wide.column[j]);
+  }
+};
+
+// The four outputs of a step as the lanes of a group, which add in the same order. The groups
+// of a register are steps that follow one another, and so are their inputs in memory; what is
+// left of them is taken in narrower registers.
+template <class V, int kSpan>
+VX_INLINE void TakeSteps(const Columns<V, kSpan>& matrix, uint32_t steps, const float* input,
+                         float* output) {
+  constexpr int kFloats = kLaneCount<V>, kAtOnce = kFloats / kPhases;
+  for (; steps >= kAtOnce; steps -= kAtOnce, input += kFloats, output += kFloats) {
+    V sum = matrix.column[0] * Spread<0>(Load<V>(input));
 #pragma GCC unroll 5
     for (int j = 0; j < kSpan; j += 4) {
-      const auto four = Load<Floats4>(input + j);
-      if (j > 0) sum += columns[j] * Spread<0>(four);
-      sum += columns[j + 1] * Spread<1>(four);
-      sum += columns[j + 2] * Spread<2>(four);
-      sum += columns[j + 3] * Spread<3>(four);
+      const V four = Load<V>(input + j);
+      if (j > 0) sum += matrix.column[j] * Spread<0>(four);
+      sum += matrix.column[j + 1] * Spread<1>(four);
+      sum += matrix.column[j + 2] * Spread<2>(four);
+      sum += matrix.column[j + 3] * Spread<3>(four);
     }
     Store(output, sum);
   }
-};
+  if constexpr (kAtOnce > 1)
+    TakeSteps(Columns<decltype(Half<0>(V{})), kSpan>(matrix), steps, input, output);
+}
 
 // kHost: the slot whose host's routine takes the rest of the run; 0 for none.
 template <int kSpan, int kHost, class Form>
@@ -57,11 +70,15 @@ VX_INLINE void Slide(const float* input, uint32_t count, const float* matrix, ui
   if (count < kSpan) return;
   const uint32_t inSpans = kHost ? count / kSpan * kSpan : count;
   const uint32_t steps = (inSpans - kSpan) / kPhases + 1;
-  const std::conditional_t<Form::kBytes == 1, PlainStep<kSpan>, LaneStep<kSpan>> step(matrix);
-  for (uint32_t k = 0; k < steps; ++k, input += kPhases, output += kPhases) step(input, output);
-  if constexpr (kHost != 0)
-    Call<FloatBlockRoutine>(filterSuite.saved[kHost])(input, count - kPhases * steps, matrix,
-                                                      fourth, fifth, output);
+  if constexpr (Form::kBytes == 1)
+    TakeSteps<kSpan>(matrix, steps, input, output);
+  else
+    TakeSteps(Columns<Register<float, Form>, kSpan>(matrix), steps, input, output);
+  if constexpr (kHost != 0) {
+    const intptr_t done = kPhases * intptr_t{steps};
+    Call<FloatBlockRoutine>(filterSuite.saved[kHost])(input + done, count - kPhases * steps, matrix,
+                                                      fourth, fifth, output + done);
+  }
 }
 
 }  // namespace

@@ -10,7 +10,8 @@ namespace vantrix {
 // The factor is 1/21 and a little more: a d of 21 n^2 stays at n^2 or above and one of
 // 21 n^2 - 1 stays below it, by 3.8e-7 of its size either way, which is more than single
 // precision strays, in any rounding mode.
-VX_INLINE Ints4 RootOfTwentyFirst(Ints4 d) {
+template <class I>
+VX_INLINE I RootOfTwentyFirst(I d) {
   constexpr float kFactor = static_cast<float>(1 / 21.0 * (1 + 3.8e-7));
   return Truncated(Root(ToFloats(d) * kFactor));
 }
