@@ -35,6 +35,10 @@ TEST(AverageTest, IsTheSameInLanesForEverySum) {
       wrong += average.Of(Fill<Sums4>(sum))[3] != expected;
       if (count <= Average::kWordCount)
         wrong += average.Of(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
+      if (count == 4)
+        wrong += average.OfCount<4>(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
+      if (count == 8)
+        wrong += average.OfCount<8>(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
       previous = expected;
     }
     ASSERT_EQ(wrong, 0u) << "of " << count;

@@ -69,10 +69,12 @@ struct AveragedPairs {
 };
 
 // Others sum the columns first, by stretches of what the sums' memory holds.
+// WithWholeBlocks takes kFewestColumns or more.
 constexpr int32_t kSumColumns = 2048;
-constexpr int32_t kMostBlockWidth = kSumColumns - 16;
+constexpr int32_t kFewestColumns = 16;
+constexpr int32_t kMostBlockWidth = kSumColumns - kFewestColumns;
 
-// Sums of `columns` columns, at least 16; or of pairs of columns.
+// Sums of `columns` columns, at least kFewestColumns; or of pairs of columns.
 template <class Form, bool kInPairs, int kHeight>
 VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t columns,
                                const Tiling& blocks) {
@@ -92,27 +94,49 @@ VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t co
   });
 }
 
-// Sums as an operand that averages each.
+// Sums as an operand that averages each, or, of kGroup 2, each two; of at
+// most Average::kWordCount samples.
+template <int kGroup>
 struct AveragedSums {
   const uint16_t* sums;
   Average average;
 
+  // Both sums of a pair in a 32-bit lane that Narrow makes the 16 bits of their sum.
+  template <class V>
+  VX_INLINE Ints<V> OfPairs(const uint16_t* from) const {
+    const auto pairs = Load<Sums<V>>(from);
+    return As<Ints<V>>(pairs + (pairs << 16)) >> 16;
+  }
+  template <class V>
+  VX_INLINE Words<V> Averages(intptr_t x) const {
+    const uint16_t* const from = sums + kGroup * x;
+    if constexpr (kGroup == 1)
+      return average.Of(Load<Words<V>>(from));
+    else
+      return average.Of(
+          InMemoryOrder(Narrow(OfPairs<V>(from), OfPairs<V>(from + kLaneCount<V> / 2))));
+  }
+
   template <class V>
   VX_INLINE V At(Block<V> block) const {
-    const uint16_t* const from = sums + block.x;
-    if constexpr (kIsOneSample<V>)
-      return V{average.Of(uint32_t{*from})};
-    else
-      return InMemoryOrder(Narrow(average.Of(Load<Words<V>>(from)),
-                                  average.Of(Load<Words<V>>(from + kLaneCount<V> / 2))));
+    if constexpr (kIsOneSample<V>) {
+      uint32_t sum = 0;
+      Repeat<kGroup>([&](int i) VX_INLINED { sum += sums[kGroup * block.x + i]; });
+      return V{average.Of(sum)};
+    } else {
+      return InMemoryOrder(Narrow(Averages<V>(block.x), Averages<V>(block.x + kLaneCount<V> / 2)));
+    }
   }
   template <class V, int kBytes>
   VX_INLINE V At(Ends<V, kBytes> place) const {
     const intptr_t count = place.count;
     if constexpr (kBytes == 8) {
-      return Narrow(average.Of(Load<Words<V>>(sums)), average.Of(Load<Words<V>>(sums + count - 8)));
-    } else {
+      return Narrow(Averages<V>(0), Averages<V>(count - 8));
+    } else if constexpr (kGroup == 1) {
       const auto ends = average.Of(LoadEnds<Words<V>, 2 * kBytes>(sums, count));
+      return Narrow(ends, ends);
+    } else {
+      const auto ends = average.Of(Narrow(OfPairs<V>(sums), OfPairs<V>(sums + 2 * count - 8)));
       return Narrow(ends, ends);
     }
   }
@@ -144,7 +168,7 @@ VX_INLINE void AverageGroups(const uint16_t* sums, uint8_t* destination, int32_t
   }
 }
 
-// A row of output, by stretches. None is left that is shorter than a register.
+// A row of output, by stretches. None is left of less than kFewestColumns.
 template <class Form>
 VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int32_t columns,
                                 const Tiling& blocks) {
@@ -162,15 +186,21 @@ VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int
           else
             StoreColumnSums<Form, false, kHeight>(from, sums, count * blocks.width, blocks);
         });
-    if (blocks.width * blocks.height <= Average::kWordCount) {
-      if (group > 1)
-        WithConstant<2, 3>(group, [&]<int kGroup>(std::integral_constant<int, kGroup>)
-                                      VX_INLINED { AddGroups<kGroup>(sums, count, group); });
-      WithBlocks<Form, uint8_t>(count, [&](auto walk) VX_INLINED {
-        WriteRow(walk, destination + x, AveragedSums{sums, blocks.average});
+    uint8_t* const row = destination + x;
+    if (blocks.width * blocks.height > Average::kWordCount) {
+      AverageGroups(sums, row, count, group, blocks.average);
+    } else if (group == 2) {
+      // Blocks are four wide: kFewestColumns make four of them or more.
+      WithBlocks<Form, uint8_t, 4>(count, [&](auto walk) VX_INLINED {
+        WriteRow(walk, row, AveragedSums<2>{sums, blocks.average});
       });
     } else {
-      AverageGroups(sums, destination + x, count, group, blocks.average);
+      if (group > 1)
+        WithConstant<3>(group, [&]<int kGroup>(std::integral_constant<int, kGroup>)
+                                   VX_INLINED { AddGroups<kGroup>(sums, count, group); });
+      WithBlocks<Form, uint8_t>(count, [&](auto walk) VX_INLINED {
+        WriteRow(walk, row, AveragedSums<1>{sums, blocks.average});
+      });
     }
   }
 }
@@ -192,7 +222,7 @@ void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t output
         });
   const bool byColumns = Form::kBytes > 1 && blockWidth <= kMostBlockWidth &&
                          blockHeight <= Average::kWordCount &&
-                         int64_t{outputColumns} * blockWidth >= 16;
+                         int64_t{outputColumns} * blockWidth >= kFewestColumns;
   for (; outputRows > 0; --outputRows) {
     if (!byColumns)
       AverageOneByOne(source, destination, outputColumns, blocks);
