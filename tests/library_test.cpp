@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -88,6 +89,13 @@ TEST(LibraryTest, CarriesThePropertyListByteForByte) {
   EXPECT_EQ(std::string(bytes, 274), expected);
   EXPECT_NE(FindResourceA(library, MAKEINTRESOURCEA(1), reinterpret_cast<LPCSTR>(RT_VERSION)),
             nullptr);
+}
+
+// Symbols lie in a file of their own, so the library's bytes are what every host loads.
+TEST(LibraryTest, StaysBelowOneAndAHalfMebibytes) {
+  const auto bytes = std::filesystem::file_size(VANTRIX_LIBRARY);
+  std::printf("the library has %llu bytes\n", static_cast<unsigned long long>(bytes));
+  EXPECT_LT(bytes, 3u << 19);
 }
 
 TEST(LibraryTest, ExportsTheEntryPointAlone) {
