@@ -149,7 +149,12 @@ VX_INLINE void ConvolveByRows(WindowPlanes planes, intptr_t taps, const uint32_t
   Group<uint16_t> groups[kPreparedTaps];
   for (intptr_t k = 0; k < taps; ++k) groups[k] = kernel.In<Group<uint16_t>>(k);
   const PreparedWeights prepared{groups};
-  WithTaps(taps, [=](auto count) VX_INLINED { convolve(count, prepared); });
+  // In wide forms pairs of rows do most of the work, and known counts gain too little here for
+  // the code that they take.
+  if constexpr (Form::kBytes > 16)
+    convolve(Taps<0>{taps}, prepared);
+  else
+    WithTaps(taps, [=](auto count) VX_INLINED { convolve(count, prepared); });
 }
 
 VX_INLINE void ConvolveSingly(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
