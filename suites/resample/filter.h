@@ -51,10 +51,11 @@ struct Filter<float> {
   VX_INLINE static float Finish(Sum sum) { return sum * kWeightScale; }
 };
 
-// Finish of sixteen sums of 8-bit samples, whose clamps are the packing's own.
-VX_INLINE Bytes16 FinishBytes(Sums4 a, Sums4 b, Sums4 c, Sums4 d) {
-  const auto words = [](Sums4 low, Sums4 high) VX_INLINED {
-    return Narrow(As<Ints4>(low) >> kWeightBits, As<Ints4>(high) >> kWeightBits);
+// Finish of four registers of sums of 8-bit samples, whose clamps are the packing's own.
+template <class V>
+VX_INLINE Bytes<V> FinishBytes(V a, V b, V c, V d) {
+  const auto words = [](V low, V high) VX_INLINED {
+    return Narrow(As<Ints<V>>(low) >> kWeightBits, As<Ints<V>>(high) >> kWeightBits);
   };
   return Narrow(words(a, b), words(c, d));
 }
