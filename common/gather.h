@@ -6,37 +6,63 @@
 
 namespace vantrix {
 
-// kCount registers of four bytes from each of four places: the first four of each, the
-// next four of each, and so on. A place is `at` bytes past `base`.
-template <int kCount>
+// A register whose group i is loaded from place(i): from the start of the group on kBytes
+// bytes, 16, 8 or 4, and zeros behind them.
+template <class V, int kBytes = 16, class Place>
+VX_LANE V LoadGroups(Place place) {
+  if constexpr (sizeof(V) > 16) {
+    using HalfOf = Lanes<LaneOf<V>, kLaneCount<V> / 2>;
+    constexpr int kGroups = sizeof(HalfOf) / 16;
+    return Join(
+        LoadGroups<HalfOf, kBytes>(place),
+        LoadGroups<HalfOf, kBytes>([=](int group) VX_INLINED { return place(kGroups + group); }));
+  } else if constexpr (kBytes == 16) {
+    return Load<V>(place(0));
+  } else if constexpr (kBytes == 8) {
+    return As<V>(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(place(0))));
+  } else {
+    return As<V>(_mm_cvtsi32_si128(Load<int32_t>(place(0))));
+  }
+}
+// A register with the same 16 bytes in each group.
+template <class V, class T>
+VX_LANE V LoadIntoGroups(const T* from) {
+  const auto group = Load<Quads2>(from);
+  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
+    return As<V>(__builtin_shufflevector(group, group, int{i % 2}...));
+  }(std::make_index_sequence<sizeof(V) / 8>{});
+}
+
+// kCount registers of four bytes, a 32-bit lane S each, from as many places as S has lanes:
+// the first four of each, the next four of each, and so on. A place is `at` bytes past
+// `base`.
+template <class S, int kCount>
 struct Gathered {
-  Sums4 units[kCount];
+  S units[kCount];
 };
-template <int kCount>
-VX_LANE Gathered<kCount> Gather(const uint8_t* base, const uint32_t* at) {
-  const auto low = [](__m128i a, __m128i b) VX_INLINED { return _mm_unpacklo_epi32(a, b); };
-  const auto high = [](__m128i a, __m128i b) VX_INLINED { return _mm_unpackhi_epi32(a, b); };
-  const auto firsts = [](__m128i ab, __m128i cd)
-                          VX_INLINED { return As<Sums4>(_mm_unpacklo_epi64(ab, cd)); };
-  const auto seconds = [](__m128i ab, __m128i cd)
-                           VX_INLINED { return As<Sums4>(_mm_unpackhi_epi64(ab, cd)); };
+template <class S, int kCount>
+VX_LANE Gathered<S, kCount> Gather(const uint8_t* base, const uint32_t* at) {
+  static_assert(kCount == 1 || kCount == 2 || kCount == 4);
   const auto load = [=](int i) VX_INLINED {
-    if constexpr (kCount == 1)
-      return _mm_cvtsi32_si128(Load<int32_t>(base + at[i]));
-    else if constexpr (kCount == 2)
-      return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(base + at[i]));
-    else
-      return Load<__m128i>(base + at[i]);
+    return LoadGroups<S, 4 * kCount>([=](int group)
+                                         VX_INLINED { return base + at[4 * group + i]; });
   };
-  const __m128i a = load(0), b = load(1), c = load(2), d = load(3);
-  const __m128i ab = low(a, b), cd = low(c, d);
-  if constexpr (kCount == 1)
+  const auto firsts = [](S ab, S cd) VX_INLINED {
+    return As<S>(InterleaveLow(As<Quads<S>>(ab), As<Quads<S>>(cd)));
+  };
+  const auto seconds = [](S ab, S cd) VX_INLINED {
+    return As<S>(InterleaveHigh(As<Quads<S>>(ab), As<Quads<S>>(cd)));
+  };
+  const S a = load(0), b = load(1), c = load(2), d = load(3);
+  const S ab = InterleaveLow(a, b), cd = InterleaveLow(c, d);
+  if constexpr (kCount == 1) {
     return {firsts(ab, cd)};
-  else if constexpr (kCount == 2)
+  } else if constexpr (kCount == 2) {
     return {firsts(ab, cd), seconds(ab, cd)};
-  else
-    return {firsts(ab, cd), seconds(ab, cd), firsts(high(a, b), high(c, d)),
-            seconds(high(a, b), high(c, d))};
+  } else {
+    const S highAB = InterleaveHigh(a, b), highCD = InterleaveHigh(c, d);
+    return {firsts(ab, cd), seconds(ab, cd), firsts(highAB, highCD), seconds(highAB, highCD)};
+  }
 }
 
 // Two bytes from each of eight places: place(i) is the address of the first.

@@ -9,7 +9,7 @@
 //                        ones to signed 16-bit ones, clamped too. Undoes Widen
 //   Weigh<Low, High>     d (255 - w) + r w in 16-bit lanes, halves as for Widen
 //   InMemoryOrder        what Narrow makes of two registers that follow one another in
-//                        memory, as it follows in memory
+//                        memory, or in two steps of four, as it follows in memory
 //   WidenHalf            half a register of bytes to a register of 16-bit lanes, zero-extended,
 //                        in memory's order. NarrowToHalf undoes it, clamped as by Narrow
 //   Twice                each of half a register of bytes two times, in memory's order
@@ -26,7 +26,10 @@
 //   Root                 the square root
 //   Shuffle              byte i is v[places[i]] of its group, or 0 for a place of 128 or
 //                        more (SSSE3)
+//   LookUp, LookUpEven   byte i is v[places[i]] of the whole register, modulo its size; 0 in odd
+//                        bytes of LookUpEven (where kLooksUpAnywhere says so)
 //   Spread               one lane of each group in all of the group's lanes
+//   Exchanged            lanes that are kDistance apart, exchanged
 //   ClampedSum           min(a + b, 65535)
 //   HalfUp               v / 2, halves rounded up
 //   TruncatedQuotient    n / d by single-precision division; quotients to 32767
@@ -87,16 +90,18 @@ VX_LANE Words<V> Narrow(V low, V high) {
                               low, high));
 }
 
-template <class V>
+template <int kRegisters = 2, class V>
 VX_LANE V InMemoryOrder(V v) {
+  static_assert(kRegisters == 2 || kRegisters == 4);
   if constexpr (sizeof(V) == 16) {
     return v;
   } else {
-    constexpr size_t kPairs = sizeof(V) / 16;
+    constexpr size_t kGroups = sizeof(V) / 16;
     return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
-      const auto halves = As<Quads<V>>(v);
-      return As<V>(__builtin_shufflevector(halves, halves, int{i % kPairs * 2 + i / kPairs}...));
-    }(std::make_index_sequence<2 * kPairs>{});
+      const auto parts = As<std::conditional_t<kRegisters == 2, Quads<V>, Sums<V>>>(v);
+      return As<V>(
+          __builtin_shufflevector(parts, parts, int{i % kGroups * kRegisters + i / kGroups}...));
+    }(std::make_index_sequence<kRegisters * kGroups>{});
   }
 }
 
@@ -207,6 +212,12 @@ VX_LANE V Spread(V v) {
     return __builtin_shufflevector(v, v, int{i / kGroup * kGroup + kLane}...);
   }(std::make_index_sequence<kLaneCount<V>>{});
 }
+template <int kDistance, class V>
+VX_LANE V Exchanged(V v) {
+  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
+    return __builtin_shufflevector(v, v, int{i ^ kDistance}...);
+  }(std::make_index_sequence<kLaneCount<V>>{});
+}
 template <class V>
 VX_LANE V ClampedSum(V a, V b) {
   if constexpr (kIsOneSample<V>)
@@ -252,6 +263,25 @@ template <class Condition>
 VX_LANE bool NoneSet(Condition condition) {
   return SetBytes(condition) == 0;
 }
+
+#if defined(__AVX512VBMI__)
+template <class V>
+static constexpr bool kLooksUpAnywhere = sizeof(V) == 64;
+template <class V>
+VX_LANE V LookUp(V v, V places) {
+  return As<V>(_mm512_permutexvar_epi8(Bits(places), Bits(v)));
+}
+template <class V>
+VX_LANE V LookUpEven(V v, V places) {
+  // The mask is hidden, as clang makes an instruction of its own of a known one.
+  uint64_t even = 0x5555555555555555;
+  asm("" : "+r"(even));
+  return As<V>(_mm512_maskz_permutexvar_epi8(even, Bits(places), Bits(v)));
+}
+#else
+template <class V>
+static constexpr bool kLooksUpAnywhere = false;
+#endif
 
 #if defined(__SSSE3__)
 template <class V>

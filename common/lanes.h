@@ -93,6 +93,13 @@ VX_LANE V LoadAligned(const T* from) {
   return lanes;
 }
 
+// Only the first kBytes bytes.
+template <int kBytes, class V, class T>
+VX_LANE void StoreFirst(T* to, V lanes) {
+  static_assert(kBytes <= int{sizeof(V)});
+  __builtin_memcpy(to, &lanes, kBytes);
+}
+
 VX_LANE uint64_t LoadWord(const uint8_t* from) {
   uint64_t word;
   __builtin_memcpy(&word, from, sizeof word);

@@ -1,10 +1,20 @@
 // The plan of the horizontal pass: what many rows share of a stretch of columns.
 //
 // A unit is what one output column takes at once into a lane of 32 bits: two or four
-// 8-bit taps, two 16-bit taps or one float. Four columns side by side are a quad; one
-// unit of each of them is a register, and so is what a rule multiplies it with. The plan
-// holds, quad by quad, what an access needs to fetch units and what the rule needs to
-// weigh them, as 32-bit words with one lane a column.
+// 8-bit taps, two 16-bit taps or one float. As many columns side by side as a register has
+// such lanes are a set; one unit of each of them is a register, and so is what a rule
+// multiplies it with. All in a plan is registers with one lane a column:
+//
+//   plan  | set of columns 0 and on | set of the next columns | ...          | set |
+//                                                                              the last one
+//                                                                              reaches back
+//   set   | where | places | start | weights of unit 0 | of unit 1 | ...
+//           |       |        |       what the rule makes of them: one register or two
+//           |       |        what sums start with, if the rule says so
+//           |       where in its window each column's first unit is, byte by byte
+//           how many bytes behind the span's first the column starts, or its window
+//
+//   lanes | column x | x + 1 | x + 2 | x + 3 |  in a wider register  | x + 4 | ...
 //
 // A last unit that has too few taps weighs the rest of what it reads with 0. So that it
 // reads nothing behind the last tap of the row, the columns at the very end start a tap
@@ -15,8 +25,6 @@
 #include "suites/resample/filter.h"
 
 namespace vantrix {
-
-inline constexpr int kQuadColumns = 4;
 
 // The bytes from the first to the last that the taps of a row name; `first` is counted
 // from the source's row, everything in a plan from `first`.
@@ -37,102 +45,137 @@ VX_INLINE Span SpanOf(Taps taps, int32_t width) {
           (intptr_t{highest} - lowest + taps.count) * kSize};
 }
 
-// Weights k .. k + 3 of four columns, in pairs as 16-bit lanes: k and k + 1 of each, k + 2
+// Weights k .. k + 3 of a set's columns, in pairs as 16-bit lanes: k and k + 1 of each, k + 2
 // and k + 3 of each. A column's weights start `bases` bytes into the table, after as many
 // zeros as `leads` says, and end with zeros too. Nothing is read but weights.
-VX_INLINE Gathered<2> GatherWeights(Taps taps, const uint32_t (&bases)[kQuadColumns], Ints4 leads,
-                                    int32_t k) {
+template <class S>
+VX_INLINE Gathered<S, 2> GatherWeights(Taps taps, const uint32_t* bases, Ints<S> leads, int32_t k) {
   const auto table = reinterpret_cast<const uint8_t*>(taps.weights);
   const int32_t rest = taps.count - k;
   const bool isLed = !AllSet(leads == 0);
-  if (!isLed && rest >= 4) return Gather<2>(table + 2 * k, bases);
-  if (!isLed && rest == 2) return {Gather<1>(table + 2 * k, bases).units[0], Sums4{}};
-  alignas(16) uint16_t weights[4 * kQuadColumns];
-  alignas(16) int32_t first[kQuadColumns];
+  if (!isLed && rest >= 4) return Gather<S, 2>(table + 2 * k, bases);
+  if (!isLed && rest == 2) return {Gather<S, 1>(table + 2 * k, bases).units[0], S{}};
+  constexpr int kColumns = kLaneCount<S>;
+  uint16_t weights[4 * kColumns];
+  uint32_t places[kColumns];
+  int32_t first[kColumns];
   Store(first, leads);
-  for (int i = 0; i < 4 * kQuadColumns; ++i) {
+  for (int i = 0; i < 4 * kColumns; ++i) {
     const int32_t tap = k + i % 4 - first[i / 4];
     weights[i] = tap >= 0 && tap < taps.count ? Load<uint16_t>(table + bases[i / 4] + 2 * tap) : 0;
+    places[i / 4] = static_cast<uint32_t>(i / 4 * 8);
   }
-  constexpr uint32_t kPlaces[] = {0, 8, 16, 24};
-  return Gather<2>(reinterpret_cast<const uint8_t*>(weights), kPlaces);
+  return Gather<S, 2>(reinterpret_cast<const uint8_t*>(weights), places);
 }
 
-// An access fetches units of kBytes bytes. Plan is given the starts of a quad's columns,
-// none of them behind `latest`, so that none of their units is behind the span; it writes
-// kWords words, and says whether the quad can be fetched this way. Fetch gives kCount
-// units from `unit` on, a multiple of kCount: 4, 2 or, at the end, 1.
+// An access fetches units of kBytes bytes by the first kRegisters registers of a set. Plan
+// writes them; it is given the starts of the set's columns, none of them behind `latest`, so
+// that none of their units is behind the span, and says whether the set can be fetched this
+// way. Fetch gives kCount of `units` units from `unit` on.
 
 // Each column's units from where the column starts.
 struct ByGather {
-  template <int kBytes>
-  static constexpr int kWords = 4;
+  static constexpr int kRegisters = 1;
 
-  template <int kBytes>
-  VX_INLINE static bool Plan(uint32_t* words, Ints4 starts, int32_t, int32_t) {
-    Store(words, starts);
+  template <int kBytes, class S>
+  VX_INLINE static bool Plan(uint32_t* words, Ints<S> starts, int32_t, int32_t) {
+    Store(words, As<S>(starts));
     return true;
   }
-  template <int kBytes, int kCount>
-  VX_INLINE static Gathered<kCount> Fetch(const uint8_t* row, const uint32_t* words, int unit) {
-    return Gather<kCount>(row + kBytes * unit, words);
+  template <class S, int kBytes, int kCount>
+  VX_INLINE static Gathered<S, kCount> Fetch(const uint8_t* row, const uint32_t* words, int unit,
+                                             int) {
+    return Gather<S, kCount>(row + kBytes * unit, words);
   }
 };
 
-struct ByWindow;
+template <bool kIsShared>
+struct ByWindows;
+using ByWindow = ByWindows<false>;
+using BySharedWindow = ByWindows<true>;
 #if defined(__SSSE3__)
-// All four columns' from a window of 16 bytes, where they lie close enough together. From
-// units to units the window moves on; the places in it stay.
+// A window is 16 bytes for the four columns of a group, or one for all columns of a set; it
+// serves where they lie close enough together. It holds a few units of each column, `held`,
+// whose places differ by the bytes of a unit. Then it moves on by so many units, the last
+// time by fewer; the places in it stay.
 //
-// Units of two bytes are spread over two 16-bit lanes each, two units from a window: the
-// last two are what it must hold.
-struct ByWindow {
-  template <int kBytes>
-  static constexpr int kWords = kBytes == 2 ? 12 : 8;
+// Units of two bytes are spread over two 16-bit lanes each.
+template <bool kIsShared>
+struct ByWindows {
+  static constexpr int kRegisters = 2;
 
-  template <int kBytes>
-  VX_INLINE static bool Plan(uint32_t* words, Ints4 starts, int32_t latest, int32_t units) {
-    const int32_t reach = kBytes == 2 && units == 1 ? 14 : 12;  // of the last column's start
-    int32_t window = latest - reach, last = 0;
-    if (window < 0) return false;
-    alignas(16) int32_t start[kQuadColumns];
-    Store(start, starts);
-    for (int c = 0; c < kQuadColumns; ++c) {
-      window = start[c] < window ? start[c] : window;
-      last = start[c] > last ? start[c] : last;
-    }
-    words[0] = static_cast<uint32_t>(window);
-    const auto place = As<Sums4>(starts - window);
-    const Sums4 twice = place | place << 16;
-    if constexpr (kBytes == 2) {
-      Store(words + 4, twice + 0x80018000);
-      Store(words + 8, twice + 0x80038002);
-    } else {
-      Store(words + 4, (twice | twice << 8) + 0x03020100);
-    }
-    return last - window <= reach;
+  // A register in which bytes can be looked up anywhere is a window, others are repeated.
+  template <class S>
+  static constexpr bool kIsWide = kIsShared && kLooksUpAnywhere<S>;
+  template <class S>
+  static constexpr int kWindow = kIsWide<S> ? sizeof(S) : 16;
+  template <class S, int kBytes>
+  VX_INLINE static int Held(int units) {
+    constexpr int kMost = kIsWide<S> ? 4 : kBytes == 2 ? 2 : 1;
+    return units < kMost ? units : kMost;
   }
 
-  template <int kBytes, int kCount>
-  VX_INLINE static Gathered<kCount> Fetch(const uint8_t* row, const uint32_t* words, int unit) {
-    Gathered<kCount> fetched;
-    const auto window = [=](int at)
-                            VX_INLINED { return Load<Bytes16>(row + words[0] + kBytes * at); };
-    const auto place = [=](Bytes16 bytes, int second) VX_INLINED {
-      return As<Sums4>(Shuffle(bytes, LoadAligned<Bytes16>(words + 4 + 4 * second)));
+  template <int kBytes, class S>
+  VX_INLINE static bool Plan(uint32_t* words, Ints<S> starts, int32_t latest, int32_t units) {
+    const int32_t reach = kWindow<S> - kBytes * Held<S, kBytes>(units);  // of the last start
+    if (latest < reach) return false;
+    Ints<S> window = starts < latest - reach ? starts : Fill<Ints<S>>(latest - reach),
+            last = starts;
+    const auto hold = [&](Ints<S> first, Ints<S> end) VX_INLINED {
+      window = first < window ? first : window;
+      last = end > last ? end : last;
     };
-    if constexpr (kBytes != 2) {
-      Repeat<kCount>([&](int i) VX_INLINED { fetched.units[i] = place(window(unit + i), 0); });
-    } else if constexpr (kCount == 1) {
-      fetched.units[0] = unit > 0 ? place(window(unit - 1), 1) : place(window(unit), 0);
-    } else {
-      Repeat<kCount / 2>([&](int i) VX_INLINED {
-        const Bytes16 bytes = window(unit + 2 * i);
-        fetched.units[2 * i] = place(bytes, 0);
-        fetched.units[2 * i + 1] = place(bytes, 1);
-      });
-    }
+    hold(Exchanged<1>(window), Exchanged<1>(last));
+    hold(Exchanged<2>(window), Exchanged<2>(last));
+    if constexpr (kIsShared && sizeof(S) > 16) hold(Exchanged<4>(window), Exchanged<4>(last));
+    if constexpr (kIsShared && sizeof(S) > 32) hold(Exchanged<8>(window), Exchanged<8>(last));
+    if (!NoneSet(last - window > reach)) return false;
+    Store(words, window);
+    const S place = As<S>(starts - window), twice = place | place << 16;
+    Store(words + kLaneCount<S>,
+          kBytes == 2 ? twice + 0x80018000 : (twice | twice << 8) + 0x03020100);
+    return true;
+  }
+
+  template <class S, int kBytes, int kCount>
+  VX_INLINE static Gathered<S, kCount> Fetch(const uint8_t* row, const uint32_t* words, int unit,
+                                             int units) {
+    constexpr int kHeld = kIsWide<S> ? 4 : kBytes == 2 ? 2 : 1;
+    Gathered<S, kCount> fetched;
+    const int held = Held<S, kBytes>(units);
+    const auto places = LoadAligned<Bytes<S>>(words + kLaneCount<S>);
+    const auto fetch = [&](Bytes<S> window, int at, int i) VX_INLINED {
+      fetched.units[i] = As<S>(Place<kBytes>(window, places + uint8_t(kBytes * (unit + i - at))));
+    };
+    constexpr int kWindows = (kCount + kHeld - 1) / kHeld;
+    Repeat<kWindows>([&](int w) VX_INLINED {
+      constexpr int kOfWindow = kCount < kHeld ? kCount : kHeld;
+      const int last = unit + (w + 1) * kOfWindow;
+      const int at = last > held ? last - held : 0;
+      const auto window = LoadWindow<S>(row + kBytes * at, words);
+      Repeat<kOfWindow>([&](int i) VX_INLINED { fetch(window, at, w * kOfWindow + i); });
+    });
     return fetched;
+  }
+
+ private:
+  template <class S>
+  VX_INLINE static Bytes<S> LoadWindow(const uint8_t* row, const uint32_t* words) {
+    if constexpr (kIsWide<S>)
+      return Load<Bytes<S>>(row + words[0]);
+    else if constexpr (kIsShared)
+      return LoadIntoGroups<Bytes<S>>(row + words[0]);
+    else
+      return LoadGroups<Bytes<S>>([=](int group) VX_INLINED { return row + words[4 * group]; });
+  }
+  template <int kBytes, class B>
+  VX_INLINE static B Place(B window, B places) {
+    if constexpr (!kIsWide<B>)
+      return Shuffle(window, places);
+    else if constexpr (kBytes == 2)
+      return LookUpEven(window, places);
+    else
+      return LookUp(window, places);
   }
 };
 #endif
