@@ -29,29 +29,33 @@ struct Build {
 };
 using Builds = std::span<const Build>;
 
-// The routine of a line that not every form has: inForm(Form{}) names it, in the forms of
-// Only.
-template <class Form, class... Only, class InForm>
-constexpr RoutineGetter OnlyIn(InForm inForm) {
-  if constexpr ((std::is_same_v<Form, Only> || ...))
+// The routine of a line that not every form has: inForm(Form{}) names it in those that the
+// condition lets through, and is compiled in no other.
+template <class Form, bool kHasIt, class InForm>
+constexpr RoutineGetter Where(InForm inForm) {
+  if constexpr (kHasIt)
     return inForm(Form{});
   else
     return nullptr;
 }
-// The same for the forms of at most, or at least, so many bytes.
+
+// In the forms of Only; in those of at most, or at least, so many bytes; in all of them. The
+// last three leave Ssse3 out: its instructions bring these kernels nothing that Sse2 lacks.
+template <class Form, class... Only, class InForm>
+constexpr RoutineGetter OnlyIn(InForm inForm) {
+  return Where<Form, (std::is_same_v<Form, Only> || ...)>(inForm);
+}
 template <class Form, int kMost, class InForm>
 constexpr RoutineGetter UpTo(InForm inForm) {
-  if constexpr (Form::kBytes <= kMost)
-    return inForm(Form{});
-  else
-    return nullptr;
+  return Where < Form, Form::kBytes <= kMost && !std::is_same_v < Form, Ssse3 >> (inForm);
 }
 template <class Form, int kLeast, class InForm>
 constexpr RoutineGetter From(InForm inForm) {
-  if constexpr (Form::kBytes >= kLeast)
-    return inForm(Form{});
-  else
-    return nullptr;
+  return Where < Form, Form::kBytes >= kLeast && !std::is_same_v < Form, Ssse3 >> (inForm);
+}
+template <class Form, class InForm>
+constexpr RoutineGetter ButSsse3(InForm inForm) {
+  return Where<Form, !std::is_same_v<Form, Ssse3>>(inForm);
 }
 
 }  // namespace vantrix

@@ -8,8 +8,8 @@ namespace {
 
 template <class Form>
 constexpr Build kBuilds[] = {
-    {18, Entry<Expand8To16<Form>>},
-    {19, Entry<RescaleWords<Form>>},
+    {18, ButSsse3<Form>([]<class F>(F) { return Entry<Expand8To16<F>>; })},
+    {19, ButSsse3<Form>([]<class F>(F) { return Entry<RescaleWords<F>>; })},
 };
 
 }  // namespace

@@ -209,8 +209,9 @@ struct HorizontalPass {
     return kPlanWords / (words * kSets) - 1;
   }
 
-  // The accesses are tried in their order; the last serves every set.
-  template <class... Accesses>
+  // The accesses are tried in their order; the last serves every set. Known tap counts take
+  // much code: those are left out that few calls would meet.
+  template <bool kKnowsTaps, class... Accesses>
   VX_INLINE void ResampleRows(uint32_t* plan, uint32_t rows) const {
     const int32_t blocks = BlockCount(), mostBlocks = PlanBlocks<Accesses...>();
     for (uint32_t row = 0, endRow; row < rows; row = endRow) {
@@ -222,9 +223,13 @@ struct HorizontalPass {
         stretch.looseSets = isLast ? LooseSets() : 0;
         const auto resample = [&]<class Access>(Access*) VX_INLINED {
           if (!PlanColumns<Access>(plan, stretch)) return false;
-          WithTapCount(taps.count, [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
+          const auto weigh = [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
             WeighRows<Access, kTaps>(plan, row, endRow, stretch);
-          });
+          };
+          if constexpr (kKnowsTaps && !(std::is_same_v<Access, ByGather> && sizeof(S) > 16))
+            WithTapCount(taps.count, weigh);
+          else
+            weigh(std::integral_constant<int, 0>{});
           return true;
         };
         (void)(resample(static_cast<Accesses*>(nullptr)) || ...);
@@ -273,7 +278,8 @@ void FilterHorizontalInSets(const Sample* source, Sample* destination, uint32_t 
     return FilterHorizontalSingly<Sample, Form>(source, destination, rows, width, offsets, phases,
                                                 sourceStride, destinationStride, tapCount, weights);
   alignas(64) uint32_t plan[kPlanWords];
-  pass.template ResampleRows<Accesses...>(plan, rows);
+  // Narrower sets are for narrow rows.
+  pass.template ResampleRows<sizeof(S) == Form::kBytes, Accesses...>(plan, rows);
 }
 
 // In sets of S, or of a half of that and so on, as wide as a row.
