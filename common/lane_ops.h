@@ -7,6 +7,7 @@
 //                        order that Narrow takes them
 //   Narrow               signed 16-bit lanes to bytes, clamped to 0..255; signed 32-bit
 //                        ones to signed 16-bit ones, clamped too. Undoes Widen
+//   NarrowUnsigned       signed 32-bit lanes to unsigned 16-bit ones, clamped, as Narrow else
 //   Weigh<Low, High>     d (255 - w) + r w in 16-bit lanes, halves as for Widen
 //   InMemoryOrder        what Narrow makes of two registers that follow one another in
 //                        memory, or in two steps of four, as it follows in memory
@@ -26,8 +27,9 @@
 //   Root                 the square root
 //   Shuffle              byte i is v[places[i]] of its group, or 0 for a place of 128 or
 //                        more (SSSE3)
-//   LookUp, LookUpEven   byte i is v[places[i]] of the whole register, modulo its size; 0 in odd
-//                        bytes of LookUpEven (where kLooksUpAnywhere says so)
+//   LookUp               lane i is v[places[i]] of the whole register, modulo its lanes; or of
+//                        two registers that follow one another (where kLooksUp says so)
+//   LookUpEven           the same of bytes, 0 in the odd ones
 //   Spread               one lane of each group in all of the group's lanes
 //   Exchanged            lanes that are kDistance apart, exchanged
 //   ClampedSum           min(a + b, 65535)
@@ -88,6 +90,18 @@ VX_LANE Words<V> Narrow(V low, V high) {
                               [](auto a, auto b) VX_INLINED { return _mm256_packs_epi32(a, b); },
                               [](auto a, auto b) VX_INLINED { return _mm512_packs_epi32(a, b); },
                               low, high));
+}
+
+template <class V>
+VX_LANE Words<V> NarrowUnsigned(V low, V high) {
+#if defined(__SSE4_1__)
+  return As<Words<V>>(ByWidth([](auto a, auto b) VX_INLINED { return _mm_packus_epi32(a, b); },
+                              [](auto a, auto b) VX_INLINED { return _mm256_packus_epi32(a, b); },
+                              [](auto a, auto b) VX_INLINED { return _mm512_packus_epi32(a, b); },
+                              low, high));
+#else
+  return Narrow(low - 32768, high - 32768) ^ 32768;
+#endif
 }
 
 template <int kRegisters = 2, class V>
@@ -264,10 +278,45 @@ VX_LANE bool NoneSet(Condition condition) {
   return SetBytes(condition) == 0;
 }
 
+// Whether lanes of V can be looked up, and whether bytes of a group can be shuffled.
 #if defined(__AVX512VBMI__)
 template <class V>
-static constexpr bool kLooksUpAnywhere = sizeof(V) == 64;
+static constexpr bool kLooksUp = sizeof(V) == 64 || (sizeof(V) == 32 && sizeof(LaneOf<V>) == 4);
+#elif defined(__AVX2__)
 template <class V>
+static constexpr bool kLooksUp = sizeof(V) == 32 && sizeof(LaneOf<V>) == 4;
+#else
+template <class V>
+static constexpr bool kLooksUp = false;
+#endif
+#if defined(__SSSE3__)
+static constexpr bool kShuffles = true;
+#else
+static constexpr bool kShuffles = false;
+#endif
+
+#if defined(__AVX2__)
+template <class V>
+  requires(sizeof(LaneOf<V>) == 4)
+VX_LANE V LookUp(V v, V places) {
+  return As<V>(ByWidth([](auto x, auto) VX_INLINED { return x; },
+                       [](auto x, auto y) VX_INLINED { return _mm256_permutevar8x32_epi32(x, y); },
+                       [](auto x, auto y) VX_INLINED { return _mm512_permutexvar_epi32(y, x); }, v,
+                       places));
+}
+template <class V>
+VX_LANE V LookUp(V first, V second, V places) {
+#if defined(__AVX512VBMI__)
+  if constexpr (sizeof(V) == 64)
+    return As<V>(_mm512_permutex2var_epi32(Bits(first), Bits(places), Bits(second)));
+  else
+#endif
+    return (places & kLaneCount<V>) == 0 ? LookUp(first, places) : LookUp(second, places);
+}
+#endif
+#if defined(__AVX512VBMI__)
+template <class V>
+  requires(sizeof(LaneOf<V>) == 1)
 VX_LANE V LookUp(V v, V places) {
   return As<V>(_mm512_permutexvar_epi8(Bits(places), Bits(v)));
 }
@@ -278,9 +327,6 @@ VX_LANE V LookUpEven(V v, V places) {
   asm("" : "+r"(even));
   return As<V>(_mm512_maskz_permutexvar_epi8(even, Bits(places), Bits(v)));
 }
-#else
-template <class V>
-static constexpr bool kLooksUpAnywhere = false;
 #endif
 
 #if defined(__SSSE3__)

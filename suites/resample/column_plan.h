@@ -23,6 +23,7 @@
 
 #include "common/gather.h"
 #include "suites/resample/filter.h"
+#include "suites/resample/windows.h"
 
 namespace vantrix {
 
@@ -60,6 +61,7 @@ VX_INLINE Gathered<S, 2> GatherWeights(Taps taps, const uint32_t* bases, Ints<S>
   uint32_t places[kColumns];
   int32_t first[kColumns];
   Store(first, leads);
+#pragma GCC unroll 1
   for (int i = 0; i < 4 * kColumns; ++i) {
     const int32_t tap = k + i % 4 - first[i / 4];
     weights[i] = tap >= 0 && tap < taps.count ? Load<uint16_t>(table + bases[i / 4] + 2 * tap) : 0;
@@ -89,95 +91,55 @@ struct ByGather {
   }
 };
 
-template <bool kIsShared>
-struct ByWindows;
-using ByWindow = ByWindows<false>;
-using BySharedWindow = ByWindows<true>;
-#if defined(__SSSE3__)
-// A window is 16 bytes for the four columns of a group, or one for all columns of a set; it
-// serves where they lie close enough together. It holds a few units of each column, `held`,
-// whose places differ by the bytes of a unit. Then it moves on by so many units, the last
-// time by fewer; the places in it stay.
-//
-// Units of two bytes are spread over two 16-bit lanes each.
-template <bool kIsShared>
-struct ByWindows {
-  static constexpr int kRegisters = 2;
-
-  // A register in which bytes can be looked up anywhere is a window, others are repeated.
-  template <class S>
-  static constexpr bool kIsWide = kIsShared && kLooksUpAnywhere<S>;
-  template <class S>
-  static constexpr int kWindow = kIsWide<S> ? sizeof(S) : 16;
-  template <class S, int kBytes>
-  VX_INLINE static int Held(int units) {
-    constexpr int kMost = kIsWide<S> ? 4 : kBytes == 2 ? 2 : 1;
-    return units < kMost ? units : kMost;
-  }
+// All columns' from a window, of a kind that suites/resample/windows.h lists, where they lie
+// close enough together. A window holds a few units of each column, `held`, whose places
+// differ by the bytes of a unit. Then it moves on by so many units, the last time by fewer;
+// the places in it stay.
+template <class Window>
+struct ByWindow {
+  static constexpr int kRegisters = 1 + Window::kRegisters;
 
   template <int kBytes, class S>
   VX_INLINE static bool Plan(uint32_t* words, Ints<S> starts, int32_t latest, int32_t units) {
-    const int32_t reach = kWindow<S> - kBytes * Held<S, kBytes>(units);  // of the last start
+    const int32_t reach = Window::kBytes - kBytes * Held(units);  // of the last start
     if (latest < reach) return false;
-    Ints<S> window = starts < latest - reach ? starts : Fill<Ints<S>>(latest - reach),
-            last = starts;
+    Ints<S> window = starts < latest - reach ? starts : Fill<Ints<S>>(latest - reach);
+    Ints<S> last = starts;
     const auto hold = [&](Ints<S> first, Ints<S> end) VX_INLINED {
       window = first < window ? first : window;
       last = end > last ? end : last;
     };
     hold(Exchanged<1>(window), Exchanged<1>(last));
     hold(Exchanged<2>(window), Exchanged<2>(last));
-    if constexpr (kIsShared && sizeof(S) > 16) hold(Exchanged<4>(window), Exchanged<4>(last));
-    if constexpr (kIsShared && sizeof(S) > 32) hold(Exchanged<8>(window), Exchanged<8>(last));
-    if (!NoneSet(last - window > reach)) return false;
+    if constexpr (Window::kIsShared && sizeof(S) > 16)
+      hold(Exchanged<4>(window), Exchanged<4>(last));
+    if constexpr (Window::kIsShared && sizeof(S) > 32)
+      hold(Exchanged<8>(window), Exchanged<8>(last));
     Store(words, window);
-    const S place = As<S>(starts - window), twice = place | place << 16;
-    Store(words + kLaneCount<S>,
-          kBytes == 2 ? twice + 0x80018000 : (twice | twice << 8) + 0x03020100);
-    return true;
+    return NoneSet(last - window > reach) &&
+           Window::Plan(words + kLaneCount<S>, As<S>(starts - window));
   }
 
   template <class S, int kBytes, int kCount>
   VX_INLINE static Gathered<S, kCount> Fetch(const uint8_t* row, const uint32_t* words, int unit,
                                              int units) {
-    constexpr int kHeld = kIsWide<S> ? 4 : kBytes == 2 ? 2 : 1;
     Gathered<S, kCount> fetched;
-    const int held = Held<S, kBytes>(units);
-    const auto places = LoadAligned<Bytes<S>>(words + kLaneCount<S>);
-    const auto fetch = [&](Bytes<S> window, int at, int i) VX_INLINED {
-      fetched.units[i] = As<S>(Place<kBytes>(window, places + uint8_t(kBytes * (unit + i - at))));
-    };
-    constexpr int kWindows = (kCount + kHeld - 1) / kHeld;
-    Repeat<kWindows>([&](int w) VX_INLINED {
-      constexpr int kOfWindow = kCount < kHeld ? kCount : kHeld;
-      const int last = unit + (w + 1) * kOfWindow;
-      const int at = last > held ? last - held : 0;
-      const auto window = LoadWindow<S>(row + kBytes * at, words);
-      Repeat<kOfWindow>([&](int i) VX_INLINED { fetch(window, at, w * kOfWindow + i); });
+    const int held = Held(units);
+    constexpr int kOfWindow = kCount < Window::kHeld ? kCount : Window::kHeld;
+    Repeat<kCount / kOfWindow>([&](int w) VX_INLINED {
+      const int end = unit + (w + 1) * kOfWindow;
+      const int at = end > held ? end - held : 0;
+      const auto window = Window::LoadFrom(row + kBytes * at, words);
+      Repeat<kOfWindow>([&](int i) VX_INLINED {
+        const int of = w * kOfWindow + i;
+        fetched.units[of] = Window::Pick(window, words + kLaneCount<S>, unit + of - at);
+      });
     });
     return fetched;
   }
 
  private:
-  template <class S>
-  VX_INLINE static Bytes<S> LoadWindow(const uint8_t* row, const uint32_t* words) {
-    if constexpr (kIsWide<S>)
-      return Load<Bytes<S>>(row + words[0]);
-    else if constexpr (kIsShared)
-      return LoadIntoGroups<Bytes<S>>(row + words[0]);
-    else
-      return LoadGroups<Bytes<S>>([=](int group) VX_INLINED { return row + words[4 * group]; });
-  }
-  template <int kBytes, class B>
-  VX_INLINE static B Place(B window, B places) {
-    if constexpr (!kIsWide<B>)
-      return Shuffle(window, places);
-    else if constexpr (kBytes == 2)
-      return LookUpEven(window, places);
-    else
-      return LookUp(window, places);
-  }
+  VX_INLINE static int Held(int units) { return units < Window::kHeld ? units : Window::kHeld; }
 };
-#endif
 
 }  // namespace vantrix

@@ -12,9 +12,10 @@ namespace vantrix {
 // little, few enough that their samples stay in the cache for the next stretch.
 inline constexpr uint32_t kRowsAPlan = 128;
 inline constexpr int32_t kPlanWords = 8192;
-// So many rows are worked on at once, as the registers of a plan are loaded once for them.
-template <class S>
-inline constexpr int kRowsAtOnce = 2;
+// So many rows are worked on at once, as the registers of a plan are loaded once for them: as
+// many as their sums find registers.
+template <class Sample>
+inline constexpr int kRowsAtOnce = sizeof(Sample) == 1 ? 2 : 4;
 
 constexpr int32_t UnitsOf(int32_t taps, int32_t unitTaps) {
   return (taps + unitTaps - 1) / unitTaps;
@@ -28,7 +29,7 @@ struct HorizontalPass {
   static constexpr int32_t kColumns = kLaneCount<S>;  // of a set
   static constexpr int32_t kSets = 4 / kSize;         // of a block
   static constexpr int32_t kBlock = kSets * kColumns;
-  static constexpr int kRows = kRowsAtOnce<S>;
+  static constexpr int kRows = kRowsAtOnce<Sample>;
   template <class Access>
   using Rule = SetRule<Sample, Access, S>;
   template <class Access>
@@ -79,7 +80,7 @@ struct HorizontalPass {
   // one before is. The last block and the last set reach back.
   VX_INLINE int32_t LooseSets() const {
     const int32_t sets = (width % kBlock + kColumns - 1) / kColumns;
-    return outputWidth < kColumns ? 1 : width < kBlock || sets <= kSets / 2 ? sets : 0;
+    return outputWidth < kColumns ? 1 : width < kBlock || sets < kSets ? sets : 0;
   }
   VX_INLINE int32_t BlockCount() const {
     const int32_t loose = LooseSets();
@@ -282,18 +283,39 @@ void FilterHorizontalInSets(const Sample* source, Sample* destination, uint32_t 
   pass.template ResampleRows<sizeof(S) == Form::kBytes, Accesses...>(plan, rows);
 }
 
+// What the accesses of a set are, the quickest first: use.operator()<Access...>().
+template <class Sample, class S, class Use>
+VX_INLINE void WithAccesses(Use use) {
+  constexpr int kUnit = sizeof(Sample) == 1 ? 2 : 4;
+  using Own = ByWindow<GroupWindow<S, kUnit, false>>;
+  if constexpr (!kShuffles)
+    use.template operator()<ByGather>();
+  else if constexpr (sizeof(S) == 16)
+    use.template operator()<Own, ByGather>();
+  else if constexpr (sizeof(Sample) == 4 && sizeof(S) == 64 && kLooksUp<S>)
+    use.template operator()<ByWindow<FloatWindow<S, 1>>, ByWindow<FloatWindow<S, 2>>, ByGather>();
+  else if constexpr (sizeof(Sample) == 4 && kLooksUp<S>)
+    use.template operator()<ByWindow<FloatWindow<S, 1>>, Own, ByGather>();
+  else if constexpr (kLooksUp<Bytes<S>>)
+    use.template operator()<ByWindow<ByteWindow<S, kUnit>>, Own, ByGather>();
+  else
+    use.template operator()<ByWindow<GroupWindow<S, kUnit, true>>, Own, ByGather>();
+}
+
+// From so many columns on a row is taken in sets of S. Sources of fewer are mostly narrower
+// than windows of 64 bytes. Measured.
+template <class S>
+inline constexpr int32_t kFewestColumns = sizeof(S) == 64 ? 64 : kLaneCount<S>;
+
 // In sets of S, or of a half of that and so on, as wide as a row.
 template <class Sample, class S, class Form, class Filter>
 VX_INLINE void WithSets(int32_t width, Filter filter) {
-  if constexpr (sizeof(S) > 16) {
-    if (width < kLaneCount<S>)
-      return WithSets<Sample, Sums<Lanes<uint8_t, sizeof(S) / 2>>, Form>(width, filter);
-    filter(FilterHorizontalInSets<Sample, S, Form, BySharedWindow, ByWindow, ByGather>);
-  } else if constexpr (std::is_same_v<Form, Sse2>) {
-    filter(FilterHorizontalInSets<Sample, S, Form, ByGather>);
-  } else {
-    filter(FilterHorizontalInSets<Sample, S, Form, ByWindow, ByGather>);
-  }
+  if constexpr (sizeof(S) > 16)
+    if (width < kFewestColumns<S>)
+      return WithSets<Sample, decltype(Half<0>(S{})), Form>(width, filter);
+  WithAccesses<Sample, S>([=]<class... Accesses>() VX_INLINED {
+    filter(FilterHorizontalInSets<Sample, S, Form, Accesses...>);
+  });
 }
 
 template <class Sample, class Form>

@@ -92,11 +92,10 @@ struct SetRule<uint16_t, Access, S> {
   VX_INLINE static Sum Add(Sum sum, S unit, const uint32_t* weights) {
     return sum + ProductSums(As<Words<S>>(unit) ^ 0x8000, LoadAligned<Words<S>>(weights));
   }
-  // Clamped to 0..65535 about 32768, where 16-bit lanes are signed, then to 32768.
   VX_INLINE static Bytes<S> Finish(const Sum (&sums)[2]) {
-    const auto about = [](Sum sum) VX_INLINED { return (As<Ints<S>>(sum) >> kWeightBits) - 32768; };
-    const auto value = Narrow(about(sums[0]), about(sums[1]));
-    return InMemoryOrder(As<Bytes<S>>(SmallerSigned(value, Words<S>{}) ^ 0x8000));
+    const auto value =
+        NarrowUnsigned(As<Ints<S>>(sums[0]) >> kWeightBits, As<Ints<S>>(sums[1]) >> kWeightBits);
+    return InMemoryOrder(As<Bytes<S>>(value > 32768 ? Fill<Words<S>>(32768) : value));
   }
 };
 
