@@ -29,6 +29,13 @@ struct Build {
 };
 using Builds = std::span<const Build>;
 
+// Null where the builds have none for the slot.
+constexpr RoutineGetter FindBuild(Builds builds, uint16_t slot) {
+  for (const Build& build : builds)
+    if (build.slot == slot) return build.routine;
+  return nullptr;
+}
+
 // The routine of a line that not every form has: inForm(Form{}) names it in those that the
 // condition lets through, and is compiled in no other.
 template <class Form, bool kHasIt, class InForm>

@@ -30,12 +30,6 @@ constexpr bool IsOpen(Gate gate, const ProcessorFeatures& has) {
   return false;
 }
 
-constexpr RoutineGetter FindBuild(Builds builds, uint16_t slot) {
-  for (const Build& build : builds)
-    if (build.slot == slot) return build.routine;
-  return nullptr;
-}
-
 // Kernels::In<Form>() is what a suite has in a form. Null where no form that runs has a
 // build.
 template <class Kernels>

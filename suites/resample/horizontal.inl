@@ -2,6 +2,8 @@
 #pragma once
 
 #include "common/blocks.h"
+#include "plugin/suites.h"
+#include "suites/kernels.h"
 #include "suites/resample/horizontal.h"
 #include "suites/resample/horizontal_one_by_one.inl"
 #include "suites/resample/set_rules.h"
@@ -212,7 +214,7 @@ struct HorizontalPass {
 
   // The accesses are tried in their order; the last serves every set. Known tap counts take
   // much code: those are left out that few calls would meet.
-  template <bool kKnowsTaps, class... Accesses>
+  template <class... Accesses>
   VX_INLINE void ResampleRows(uint32_t* plan, uint32_t rows) const {
     const int32_t blocks = BlockCount(), mostBlocks = PlanBlocks<Accesses...>();
     for (uint32_t row = 0, endRow; row < rows; row = endRow) {
@@ -227,7 +229,7 @@ struct HorizontalPass {
           const auto weigh = [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
             WeighRows<Access, kTaps>(plan, row, endRow, stretch);
           };
-          if constexpr (kKnowsTaps && !(std::is_same_v<Access, ByGather> && sizeof(S) > 16))
+          if constexpr (!std::is_same_v<Access, ByGather> || sizeof(S) == 16)
             WithTapCount(taps.count, weigh);
           else
             weigh(std::integral_constant<int, 0>{});
@@ -279,8 +281,7 @@ void FilterHorizontalInSets(const Sample* source, Sample* destination, uint32_t 
     return FilterHorizontalSingly<Sample, Form>(source, destination, rows, width, offsets, phases,
                                                 sourceStride, destinationStride, tapCount, weights);
   alignas(64) uint32_t plan[kPlanWords];
-  // Narrower sets are for narrow rows.
-  pass.template ResampleRows<sizeof(S) == Form::kBytes, Accesses...>(plan, rows);
+  pass.template ResampleRows<Accesses...>(plan, rows);
 }
 
 // What the accesses of a set are, the quickest first: use.operator()<Access...>().
@@ -305,14 +306,24 @@ VX_INLINE void WithAccesses(Use use) {
 // From so many columns on a row is taken in sets of S. Sources of fewer are mostly narrower
 // than windows of 64 bytes. Measured.
 template <class S>
-inline constexpr int32_t kFewestColumns = sizeof(S) == 64 ? 64 : kLaneCount<S>;
+inline constexpr int32_t kFewestInSets = sizeof(S) == 64 ? 64 : kLaneCount<S>;
 
-// In sets of S, or of a half of that and so on, as wide as a row.
-template <class Sample, class S, class Form, class Filter>
+// The form whose build takes rows that are too narrow for a wide form's sets: one that the
+// unit's instructions include.
+using NarrowerForm = std::conditional_t<kWidestRegister == 64, Avx2, Ssse3>;
+template <class Sample>
+inline constexpr uint16_t kHorizontalSlot = sizeof(Sample) == 1   ? 5
+                                            : sizeof(Sample) == 2 ? 13
+                                                                  : 26;
+
+// In sets of the form, where a row is as wide.
+template <class Sample, class Form, class Filter>
 VX_INLINE void WithSets(int32_t width, Filter filter) {
+  using S = Register<uint32_t, Form>;
   if constexpr (sizeof(S) > 16)
-    if (width < kFewestColumns<S>)
-      return WithSets<Sample, decltype(Half<0>(S{})), Form>(width, filter);
+    if (width < kFewestInSets<S>)
+      return filter(Call<FilterHorizontal<Sample>>(
+          FindBuild(ResampleKernels::In<NarrowerForm>(), kHorizontalSlot<Sample>)()));
   WithAccesses<Sample, S>([=]<class... Accesses>() VX_INLINED {
     filter(FilterHorizontalInSets<Sample, S, Form, Accesses...>);
   });
@@ -330,7 +341,7 @@ void FilterResampleHorizontal(const Sample* source, Sample* destination, uint32_
   };
   if constexpr (Form::kBytes > 1) {
     if (width >= 2 && static_cast<int16_t>(tapCount) >= 2)
-      return WithSets<Sample, Register<uint32_t, Form>, Form>(width, filter);
+      return WithSets<Sample, Form>(width, filter);
   }
   filter(FilterHorizontalSingly<Sample, Form>);
 }
