@@ -27,7 +27,7 @@ VX_LANE V LoadGroups(Place place) {
 // A register with the same 16 bytes in each group.
 template <class V, class T>
 VX_LANE V LoadIntoGroups(const T* from) {
-  const auto group = Load<Quads2>(from);
+  const auto group = Load<Lanes<uint64_t, 2>>(from);
   return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
     return As<V>(__builtin_shufflevector(group, group, int{i % 2}...));
   }(std::make_index_sequence<sizeof(V) / 8>{});
@@ -67,7 +67,7 @@ VX_LANE Gathered<S, kCount> Gather(const uint8_t* base, const uint32_t* at) {
 
 // Two bytes from each of eight places: place(i) is the address of the first.
 template <class Place>
-VX_LANE Words8 GatherPairs(Place place) {
+VX_LANE Lanes<uint16_t, 8> GatherPairs(Place place) {
   __m128i pairs{};
   const auto insert = [&]<int i>(std::integral_constant<int, i>) VX_INLINED {
     pairs = _mm_insert_epi16(pairs, Load<int16_t>(place(i)), i);
@@ -75,7 +75,7 @@ VX_LANE Words8 GatherPairs(Place place) {
   [&]<int... i>(std::integer_sequence<int, i...>) VX_INLINED {
     (insert(std::integral_constant<int, i>{}), ...);
   }(std::make_integer_sequence<int, 8>{});
-  return As<Words8>(pairs);
+  return As<Lanes<uint16_t, 8>>(pairs);
 }
 
 // The same from as many places as V has lanes.

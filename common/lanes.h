@@ -66,13 +66,6 @@ using Quads = Lanes<uint64_t, sizeof(V) / 8>;
 template <class V>
 using Floats = Lanes<float, sizeof(V) / 4>;
 
-using Bytes16 = Lanes<uint8_t, 16>;
-using Words8 = Lanes<uint16_t, 8>;
-using Sums4 = Lanes<uint32_t, 4>;
-using Ints4 = Lanes<int32_t, 4>;
-using Quads2 = Lanes<uint64_t, 2>;
-using Floats4 = Lanes<float, 4>;
-
 // Unaligned, and free of aliasing rules.
 template <class V, class T>
 VX_LANE V Load(const T* from) {

@@ -32,7 +32,7 @@ TEST(AverageTest, IsTheSameInLanesForEverySum) {
     for (uint32_t sum = 0; sum <= 255 * count; sum += step) {
       const uint32_t expected = (sum + count / 2) * reciprocal >> 24;
       wrong += expected > 255 || expected < previous || average.Of(sum) != expected;
-      wrong += average.Of(Fill<Sums4>(sum))[3] != expected;
+      wrong += average.Of(Fill<Lanes<uint32_t, 4>>(sum))[3] != expected;
       if (count <= Average::kWordCount)
         wrong += average.Of(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
       if (count == 4)
