@@ -34,11 +34,13 @@ TEST(AverageTest, IsTheSameInLanesForEverySum) {
       wrong += expected > 255 || expected < previous || average.Of(sum) != expected;
       wrong += average.Of(Fill<Lanes<uint32_t, 4>>(sum))[3] != expected;
       if (count <= Average::kWordCount)
-        wrong += average.Of(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
+        wrong += average.Of(Fill<Lanes<uint16_t, 8>>(static_cast<uint16_t>(sum)))[5] != expected;
       if (count == 4)
-        wrong += average.OfCount<4>(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
+        wrong +=
+            average.OfCount<4>(Fill<Lanes<uint16_t, 8>>(static_cast<uint16_t>(sum)))[5] != expected;
       if (count == 8)
-        wrong += average.OfCount<8>(Fill<Words8>(static_cast<uint16_t>(sum)))[5] != expected;
+        wrong +=
+            average.OfCount<8>(Fill<Lanes<uint16_t, 8>>(static_cast<uint16_t>(sum)))[5] != expected;
       previous = expected;
     }
     ASSERT_EQ(wrong, 0u) << "of " << count;

@@ -57,10 +57,10 @@ TEST_F(TablesTest, HoldNineConstants) {
 
 TEST_F(TablesTest, DivideBy255IsExactForEveryProduct) {
   for (uint32_t product = 0; product <= 255 * 255; product += 8) {
-    Words8 lanes;
+    Lanes<uint16_t, 8> lanes;
     for (uint32_t i = 0; i < 8; ++i)
       lanes[static_cast<int>(i)] = static_cast<uint16_t>(std::min(product + i, 255u * 255u));
-    const Words8 quotient = DivideBy255(lanes);
+    const Lanes<uint16_t, 8> quotient = DivideBy255(lanes);
     for (int i = 0; i < 8; ++i) ASSERT_EQ(quotient[i], Nearest(lanes[i] / 255.0)) << lanes[i];
   }
 }
@@ -69,9 +69,11 @@ TEST_F(TablesTest, DivideBy255IsExactForEveryProduct) {
 TEST_F(TablesTest, ComputedProductsEqualTheTables) {
   for (int a = 0; a < 256; ++a) {
     for (int b = 0; b < 256; b += 16) {
-      const auto others = Load<Bytes16>(&MultiplyTable[255][b]);  // b .. b + 15
-      const Bytes16 products = Multiply(Fill<Bytes16>(static_cast<uint8_t>(a)), others);
-      ASSERT_TRUE(AllSet(products == Load<Bytes16>(&MultiplyTable[a][b]))) << a << ' ' << b;
+      const auto others = Load<Lanes<uint8_t, 16>>(&MultiplyTable[255][b]);  // b .. b + 15
+      const Lanes<uint8_t, 16> products =
+          Multiply(Fill<Lanes<uint8_t, 16>>(static_cast<uint8_t>(a)), others);
+      ASSERT_TRUE(AllSet(products == Load<Lanes<uint8_t, 16>>(&MultiplyTable[a][b])))
+          << a << ' ' << b;
     }
   }
 }
