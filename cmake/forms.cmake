@@ -6,7 +6,9 @@
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   set(VANTRIX_NO_AUTOVECTORS -fno-vectorize -fno-slp-vectorize)
 else()
-  set(VANTRIX_NO_AUTOVECTORS -fno-tree-vectorize)
+  # The second flag, since GCC 12 takes the undefined lanes of its own 64-byte intrinsics for
+  # values of ours that were not set.
+  set(VANTRIX_NO_AUTOVECTORS -fno-tree-vectorize -Wno-maybe-uninitialized)
 endif()
 set(VANTRIX_FORMS Scalar Sse2 Ssse3 Avx2 Avx512)
 set(VANTRIX_FLAGS_Ssse3 -mssse3)
