@@ -47,9 +47,10 @@ TEST(LibraryTest, TellsTheFormOfEachKernelAndOfNothingElse) {
         return host::FormOf(*index, suite.index, reference.slot, routine);
       };
       EXPECT_EQ(form(tables.Default(suite.index, reference.slot)), "");
-      if (tables.IsChanged(suite.index, reference.slot))
+      if (tables.IsChanged(suite.index, reference.slot)) {
         EXPECT_NE(form(tables.Live(suite.index, reference.slot)), "")
             << suite.name << ' ' << reference.slot;
+      }
     }
 }
 
