@@ -22,8 +22,14 @@
 // VX_INLINE marks a rule or a driver, which a debugger steps through, VX_INLINED
 // a lambda in one; VX_LANE marks a one-line lane operation, which it steps over.
 // Everything in a unit with its own instruction set is inlined for good: the
-// linker must never choose its copy of a function for an older processor.
+// linker must never choose its copy of a function for an older processor. With
+// the checks of a sanitizer such code takes a compiler minutes, so there it may
+// stay apart, under names that the linker does not see.
+#if defined(VX_SANITIZED)
+#define VX_INLINE [[clang::internal_linkage]] inline
+#else
 #define VX_INLINE [[gnu::always_inline]] inline
+#endif
 #define VX_INLINED __attribute__((always_inline))
 #if defined(__clang__)
 #define VX_LANE [[gnu::always_inline, gnu::nodebug]] inline
@@ -66,15 +72,15 @@ using Quads = Lanes<uint64_t, sizeof(V) / 8>;
 template <class V>
 using Floats = Lanes<float, sizeof(V) / 4>;
 
-// Unaligned, and free of aliasing rules.
-template <class V, class T>
-VX_LANE V Load(const T* from) {
+// At any address, and free of aliasing rules.
+template <class V>
+VX_LANE V Load(const void* from) {
   V lanes;
   __builtin_memcpy(&lanes, from, sizeof lanes);
   return lanes;
 }
-template <class V, class T>
-VX_LANE void Store(T* to, V lanes) {
+template <class V>
+VX_LANE void Store(void* to, V lanes) {
   __builtin_memcpy(to, &lanes, sizeof lanes);
 }
 
@@ -87,8 +93,8 @@ VX_LANE V LoadAligned(const T* from) {
 }
 
 // Only the first kBytes bytes.
-template <int kBytes, class V, class T>
-VX_LANE void StoreFirst(T* to, V lanes) {
+template <int kBytes, class V>
+VX_LANE void StoreFirst(void* to, V lanes) {
   static_assert(kBytes <= int{sizeof(V)});
   __builtin_memcpy(to, &lanes, kBytes);
 }
@@ -131,18 +137,16 @@ VX_LANE V LoadEnds(const T* from, intptr_t count) {
   using Middle = std::conditional_t<kHalf == 4, uint32_t, Small>;
   using Half = std::conditional_t<kHalf == 8, uint64_t, Middle>;
   Lanes<Half, sizeof(V) / kHalf> ends{};
-  Half first, last;
-  __builtin_memcpy(&first, from, kHalf);
-  __builtin_memcpy(&last, Below(from + count, -kHalf), kHalf);
-  ends[0] = first;
-  ends[1] = last;
+  ends[0] = Load<Half>(from);
+  ends[1] = Load<Half>(Below(from + count, -kHalf));
   return As<V>(ends);
 }
 template <int kHalf, class T, class V>
 VX_LANE void StoreEnds(T* to, intptr_t count, V lanes) {
-  __builtin_memcpy(to, &lanes, kHalf);
-  __builtin_memcpy(Below(to + count, -kHalf), reinterpret_cast<const uint8_t*>(&lanes) + kHalf,
-                   kHalf);
+  void* const first = to;
+  void* const last = Below(to + count, -kHalf);
+  __builtin_memcpy(first, &lanes, kHalf);
+  __builtin_memcpy(last, reinterpret_cast<const uint8_t*>(&lanes) + kHalf, kHalf);
 }
 
 }  // namespace vantrix
