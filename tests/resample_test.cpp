@@ -59,39 +59,53 @@ class FilterTest : public ::testing::TestWithParam<TestedBuild> {
                                 (atEnd_ ? arena_.RegionBytes() - bytes : 0));
   }
 
+  // Of a source of so many samples a row, or rows; output items lie in order, or anywhere.
+  struct Source {
+    int32_t items, rows = 2;
+    bool isInOrder = true;
+  };
+
   template <class Sample, bool kIsVertical>
   void Compare(int32_t taps, int32_t width) {
-    constexpr int32_t kSize = sizeof(Sample), kRows = 2, kPhases = 3;
     const int32_t least = std::max(taps, 1);
-    const int32_t columns = kIsVertical ? width : least + width * 2 / 3;
-    const int32_t sourceRows = kIsVertical ? least + 1 : kRows;
-    const int32_t items = kIsVertical ? kRows : width;
-    const int32_t last = (kIsVertical ? sourceRows : columns) - least;
+    Compare<Sample, kIsVertical>(taps, width, {least + (kIsVertical ? 1 : width * 2 / 3)});
+  }
+  template <class Sample, bool kIsVertical>
+  void Compare(int32_t taps, int32_t width, Source from) {
+    constexpr int32_t kSize = sizeof(Sample), kPhases = 3;
+    const int32_t rows = from.rows, columns = kIsVertical ? width : from.items;
+    const int32_t sourceRows = kIsVertical ? from.items : rows;
+    const int32_t items = kIsVertical ? rows : width;
+    const int32_t last = from.items - std::max(taps, 1);
     auto* const source = Take<Sample>(0, sourceRows * columns);
     auto* const offsets = Take<int32_t>(1, items);
     auto* const phases = Take<uint8_t>(2, items);
     auto* const weights = Take<int16_t>(3, kPhases * taps);
-    auto* const target = Take<uint8_t>(4, kRows * width * kSize);
+    auto* const target = Take<uint8_t>(4, rows * width * kSize);
     auto noise = static_cast<uint32_t>(taps * 100 + width);
     const auto next = [&] { return (noise = noise * 1664525 + 1013904223) >> 8; };
     std::generate_n(source, sourceRows * columns, [&] { return static_cast<Sample>(next()); });
     std::generate_n(weights, kPhases * taps,
                     [&] { return static_cast<int16_t>(int32_t(next() % 30000) - 10000); });
     for (int32_t i = 0; i < items; ++i) {
-      offsets[i] = taps / 2 - 1 + (items > 1 ? i * last / (items - 1) : last);
+      const int32_t inOrder = items > 1 ? i * last / (items - 1) : last;
+      const int32_t item = from.isInOrder ? inOrder : static_cast<int32_t>(next()) % (last + 1);
+      offsets[i] = taps / 2 - 1 + item;
       phases[i] = static_cast<uint8_t>(i % kPhases);
     }
     Samples results[2];
     for (Samples& result : results) {
       const bool isFirst = &result == results;
       const Routine routine = isFirst ? ReferenceOf(GetParam())->routine : GetParam().routine;
-      std::fill_n(target, kRows * width * kSize, uint8_t{0xA5});
+      std::fill_n(target, rows * width * kSize, uint8_t{0xA5});
       reinterpret_cast<FilterVertical<Sample>*>(routine)(
-          source, reinterpret_cast<Sample*>(target), kRows, width, offsets, phases, columns * kSize,
+          source, reinterpret_cast<Sample*>(target), rows, width, offsets, phases, columns * kSize,
           width * kSize, taps, weights);
-      result.assign(target, target + kRows * width * kSize);
+      result.assign(target, target + rows * width * kSize);
     }
-    ASSERT_EQ(results[0], results[1]) << taps << " taps, width " << width << ", " << atEnd_;
+    ASSERT_EQ(results[0], results[1])
+        << taps << " taps, width " << width << ", " << from.items << " items, " << rows << " rows, "
+        << from.isInOrder << atEnd_;
   }
 
   host::Arena arena_{5, size_t{1} << 14};
@@ -119,15 +133,35 @@ TEST_P(FilterTest, EqualsTheReferenceForEveryTapCountAndWidth) {
       }
 }
 
-std::vector<TestedBuild> FilterBuilds() {
-  constexpr uint16_t kSlots[] = {5, 6, 13, 26, 27};
+// Windows are as wide as a register, and several rows are worked on at once: around the widths
+// of both, whether what is read and written stays within the planes.
+class HorizontalTest : public FilterTest {};
+TEST_P(HorizontalTest, EqualsTheReferenceWhereSourcesAreAboutAsWideAsWindows) {
+  if (!GetParam().runsHere) GTEST_SKIP() << "not on this processor";
+  const uint16_t slot = GetParam().slot;
+  for (const int32_t taps : {2, 3, 4, 6, 9})
+    for (const int32_t width : {17, 33, 64, 100, 131})
+      for (int32_t items = taps; items <= 140 && !HasFatalFailure(); ++items)
+        for (const int variant : {0, 1, 2, 3}) {
+          atEnd_ = variant % 2 == 1;
+          const Source from = {items, 1 + items % 5, variant < 2};
+          if (slot == 5) Compare<uint8_t, false>(taps, width, from);
+          if (slot == 13) Compare<uint16_t, false>(taps, width, from);
+          if (slot == 26) Compare<float, false>(taps, width, from);
+        }
+}
+
+std::vector<TestedBuild> BuildsOfSlots(std::initializer_list<uint16_t> slots) {
   std::vector<TestedBuild> filters;
   for (const TestedBuild& build : AllBuilds())
-    if (build.suite == kResample && std::ranges::count(kSlots, build.slot) > 0)
+    if (build.suite == kResample && std::ranges::count(slots, build.slot) > 0)
       filters.push_back(build);
   return filters;
 }
-INSTANTIATE_TEST_SUITE_P(AllBuilds, FilterTest, ::testing::ValuesIn(FilterBuilds()),
+INSTANTIATE_TEST_SUITE_P(AllBuilds, FilterTest,
+                         ::testing::ValuesIn(BuildsOfSlots({5, 6, 13, 26, 27})),
+                         [](const auto& test) { return NameOf(test.param); });
+INSTANTIATE_TEST_SUITE_P(AllBuilds, HorizontalTest, ::testing::ValuesIn(BuildsOfSlots({5, 13, 26})),
                          [](const auto& test) { return NameOf(test.param); });
 
 struct MemoryCall {

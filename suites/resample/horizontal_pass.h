@@ -1,0 +1,248 @@
+// The rows of one call of the horizontal pass, once it is known in which sets they are taken.
+#pragma once
+
+#include "common/blocks.h"
+#include "suites/resample/set_rules.h"
+
+namespace vantrix {
+
+// A stretch of columns that is not a whole row is planned once for this many rows: enough that
+// planning is little, few enough that their samples stay in the cache for the next stretch.
+inline constexpr uint32_t kRowsAPlan = 128;
+// 32 KiB, of the host's stack.
+inline constexpr int32_t kPlanWords = 8192;
+// So many rows are worked on at once, as the registers of a plan are loaded once for them: as
+// many as their sums find registers.
+template <class Sample>
+inline constexpr int kRowsAtOnce = sizeof(Sample) == 1 ? 2 : 4;
+
+VX_INLINE constexpr int32_t UnitsOf(int32_t taps, int32_t unitTaps) {
+  return (taps + unitTaps - 1) / unitTaps;
+}
+
+// What a call asks for.
+struct HorizontalCall {
+  const uint8_t* source;  // where the span starts in the first row
+  uint8_t* destination;
+  intptr_t sourceStride, destinationStride;
+  uint32_t rows;
+  int32_t width;
+  Taps taps;
+  Span span;
+};
+
+// The rows of one call. S is a register of sums, a lane for each column of a set; a block is
+// as many sets as make a register of output samples.
+template <class Sample, class S>
+struct HorizontalPass : HorizontalCall {
+  static constexpr int32_t kSize = sizeof(Sample);
+  static constexpr int32_t kColumns = kLaneCount<S>;  // of a set
+  static constexpr int32_t kSets = 4 / kSize;         // of a block
+  static constexpr int32_t kBlock = kSets * kColumns;
+  static constexpr int kRows = kRowsAtOnce<Sample>;
+  template <class Access>
+  using Rule = SetRule<Sample, Access, S>;
+  template <class Access>
+  using SumOf = typename Rule<Access>::Sum;
+  template <class T>
+  struct OfRows {
+    T of[kRows];
+  };
+  // Blocks from one to before another, and loose sets behind the last of a row.
+  struct Stretch {
+    int32_t first, end, looseSets;
+  };
+
+  int32_t outputWidth;  // so many columns are stored; width is at least a set
+
+  // How much of a plan a set is; in words, but for units. kTaps is the tap count, or 0 for any.
+  template <class Access, int kTaps = 0>
+  VX_INLINE int32_t Units() const {
+    return UnitsOf(kTaps > 0 ? kTaps : taps.count, Rule<Access>::kTaps);
+  }
+  template <class Access>
+  static constexpr int32_t kStartAt = kColumns * Access::kRegisters;
+  template <class Access>
+  static constexpr int32_t kUnitWords = kColumns * Rule<Access>::kWeightRegisters;
+  template <class Access>
+  static constexpr int32_t kUnitsAt = kStartAt<Access> + kColumns * Rule<Access>::kStartRegisters;
+  template <class Access, int kTaps = 0>
+  VX_INLINE int32_t SetWords() const {
+    return kUnitsAt<Access> + kUnitWords<Access> * Units<Access, kTaps>();
+  }
+
+  template <class Access>
+  VX_INLINE int32_t UnitBytes() const {
+    return Rule<Access>::kUnitBytes * Units<Access>();
+  }
+  template <class Access>
+  VX_INLINE bool SpanHoldsUnits() const {
+    return span.bytes >= UnitBytes<Access>() && span.bytes <= INT32_MAX;
+  }
+
+  // A row is blocks, the last of which reaches back, or blocks and behind them fewer loose sets
+  // than make a block, the last of which reaches back.
+  VX_INLINE int32_t LooseSets() const {
+    const int32_t sets = (width % kBlock + kColumns - 1) / kColumns;
+    return outputWidth < kColumns ? 1 : width < kBlock || sets < kSets ? sets : 0;
+  }
+  VX_INLINE int32_t BlockCount() const {
+    const int32_t loose = LooseSets();
+    return loose == 0 ? (width + kBlock - 1) / kBlock : (width - 1) / kBlock;
+  }
+  VX_INLINE intptr_t BlockAt(int32_t block) const {
+    const intptr_t x = intptr_t{block} * kBlock;
+    return x < width - kBlock ? x : width - kBlock;
+  }
+  VX_INLINE intptr_t LooseSetAt(int32_t set) const {
+    const intptr_t x = intptr_t{BlockCount()} * kBlock + set * kColumns;
+    return x < width - kColumns ? x : width - kColumns;
+  }
+
+  template <class Access>
+  VX_INLINE bool PlanSet(uint32_t* words, intptr_t x) const {
+    using AccessRule = Rule<Access>;
+    const int32_t latest = static_cast<int32_t>(span.bytes) - UnitBytes<Access>();
+    const S offsets = Load<S>(taps.offsets + x) - static_cast<uint32_t>(span.lowest);
+    const auto starts = As<Ints<S>>(offsets * uint32_t{kSize});
+    const Ints<S> early = (starts > latest) & (starts - latest);
+    if (!Access::template Plan<AccessRule::kUnitBytes, S>(words, starts - early, latest,
+                                                          Units<Access>()))
+      return false;
+    uint32_t bases[kColumns];
+    for (int c = 0; c < kColumns; ++c)
+      bases[c] = static_cast<uint32_t>(taps.Base(static_cast<int32_t>(x) + c)) * 2;
+    for (int32_t k = 0; k < taps.count; k += 4)
+      AccessRule::Plan(words + kStartAt<Access>, k, Units<Access>(),
+                       GatherWeights<S>(taps, bases, early / kSize, k));
+    return true;
+  }
+
+  // False where the access does not serve one of the sets.
+  template <class Access>
+  VX_INLINE bool PlanColumns(uint32_t* words, Stretch stretch) const {
+    if (!SpanHoldsUnits<Access>()) return false;
+    const int32_t inBlocks = (stretch.end - stretch.first) * kSets;
+    for (int32_t set = 0; set < inBlocks + stretch.looseSets; ++set, words += SetWords<Access>()) {
+      const intptr_t x = set < inBlocks
+                             ? BlockAt(stretch.first + set / kSets) + set % kSets * kColumns
+                             : LooseSetAt(set - inBlocks);
+      if (!PlanSet<Access>(words, x)) return false;
+    }
+    return true;
+  }
+
+  template <class Access, int kTaps>
+  VX_INLINE OfRows<SumOf<Access>> WeighSet(OfRows<const uint8_t*> from,
+                                           const uint32_t* words) const {
+    using AccessRule = Rule<Access>;
+    OfRows<SumOf<Access>> sums;
+    Repeat<kRows>([&](int r)
+                      VX_INLINED { sums.of[r] = AccessRule::Start(words + kStartAt<Access>); });
+    const uint32_t* weights = words + kUnitsAt<Access>;
+    const int32_t units = Units<Access, kTaps>();
+    int32_t unit = 0;
+    const auto add = [&]<int kCount>(std::integral_constant<int, kCount>) VX_INLINED {
+      Repeat<kRows>([&](int r) VX_INLINED {
+        const auto fetched = Access::template Fetch<S, AccessRule::kUnitBytes, kCount>(
+            from.of[r], words, unit, units);
+        Repeat<kCount>([&](int i) VX_INLINED {
+          sums.of[r] =
+              AccessRule::Add(sums.of[r], fetched.units[i], weights + kUnitWords<Access> * i);
+        });
+      });
+      unit += kCount;
+      weights += kUnitWords<Access> * kCount;
+    };
+    if constexpr (kTaps > 0)
+      Repeat<UnitsOf(kTaps, AccessRule::kTaps) / 4>(
+          [&](int) VX_INLINED { add(std::integral_constant<int, 4>{}); });
+    else
+      for (int32_t fours = units / 4; fours > 0; --fours) add(std::integral_constant<int, 4>{});
+    if (units & 2) add(std::integral_constant<int, 2>{});
+    if (units & 1) add(std::integral_constant<int, 1>{});
+    return sums;
+  }
+
+  // What comes of kCount sets that follow one another, of a block or a loose one, is given to
+  // store(row, samples).
+  template <class Access, int kTaps, int kCount, class Write>
+  VX_INLINE void WeighSets(OfRows<const uint8_t*> from, const uint32_t* words, Write write) const {
+    OfRows<SumOf<Access>> sums[kCount];
+    Repeat<kCount>([&](int s) VX_INLINED {
+      sums[s] = WeighSet<Access, kTaps>(from, words + SetWords<Access, kTaps>() * s);
+    });
+    Repeat<kRows>([&](int r) VX_INLINED {
+      SumOf<Access> ofRow[kSets];
+      Repeat<kSets>([&](int s) VX_INLINED { ofRow[s] = sums[s % kCount].of[r]; });
+      write(r, Rule<Access>::Finish(ofRow));
+    });
+  }
+
+  template <class Access, int kTaps>
+  VX_INLINE void WeighRows(const uint32_t* plan, uint32_t row, uint32_t endRow,
+                           Stretch stretch) const {
+    const int32_t setWords = SetWords<Access, kTaps>();
+    for (; row<endRow; row += endRow - row> kRows ? kRows : endRow - row) {
+      OfRows<const uint8_t*> from;
+      OfRows<uint8_t*> to;
+      for (int r = 0; r < kRows; ++r) {
+        const uint32_t y = row + r < endRow ? row + r : endRow - 1;
+        from.of[r] = source + intptr_t{y} * sourceStride;
+        to.of[r] = destination + intptr_t{y} * destinationStride;
+      }
+      const uint32_t* words = plan;
+      for (int32_t block = stretch.first; block < stretch.end; ++block, words += kSets * setWords)
+        WeighSets<Access, kTaps, kSets>(from, words, [&](int r, Bytes<S> samples) VX_INLINED {
+          Store(to.of[r] + BlockAt(block) * kSize, samples);
+        });
+      for (int32_t set = 0; set < stretch.looseSets; ++set, words += setWords)
+        WeighSets<Access, kTaps, 1>(from, words, [&](int r, Bytes<S> samples) VX_INLINED {
+          if (kColumns == 4 && outputWidth < kColumns)
+            StoreEnds<2 * kSize>(reinterpret_cast<Sample*>(to.of[r]), outputWidth, samples);
+          else
+            StoreFirst<kColumns * kSize>(to.of[r] + LooseSetAt(set) * kSize, samples);
+        });
+    }
+  }
+
+  // How many blocks the plan holds, beside the loose sets.
+  template <class... Accesses>
+  VX_INLINE int32_t PlanBlocks() const {
+    int32_t words = 0;
+    ((words = SetWords<Accesses>() > words ? SetWords<Accesses>() : words), ...);
+    return kPlanWords / (words * kSets) - 1;
+  }
+
+  // The accesses are tried in their order; the last serves every set. Known tap counts take
+  // much code: those are left out that few calls would meet.
+  template <class... Accesses>
+  VX_INLINE void ResampleRows(uint32_t* plan) const {
+    const int32_t blocks = BlockCount(), mostBlocks = PlanBlocks<Accesses...>();
+    const uint32_t mostRows = blocks > mostBlocks ? kRowsAPlan : rows;
+    for (uint32_t row = 0, endRow; row < rows; row = endRow) {
+      endRow = rows - row > mostRows ? row + mostRows : rows;
+      Stretch stretch{0, 0, 0};
+      do {
+        const bool isLast = blocks - stretch.first <= mostBlocks;
+        stretch.end = isLast ? blocks : stretch.first + mostBlocks;
+        stretch.looseSets = isLast ? LooseSets() : 0;
+        const auto resample = [&]<class Access>(Access*) VX_INLINED {
+          if (!PlanColumns<Access>(plan, stretch)) return false;
+          const auto weigh = [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
+            WeighRows<Access, kTaps>(plan, row, endRow, stretch);
+          };
+          if constexpr (!std::is_same_v<Access, ByGather> || sizeof(S) == 16 || sizeof(Sample) == 4)
+            WithTapCount(taps.count, weigh);
+          else
+            weigh(std::integral_constant<int, 0>{});
+          return true;
+        };
+        (void)(resample(static_cast<Accesses*>(nullptr)) || ...);
+        stretch.first = stretch.end;
+      } while (stretch.end < blocks);
+    }
+  }
+};
+
+}  // namespace vantrix
