@@ -26,6 +26,16 @@ void RequireSame(const std::string& name, const Case& job, Routine expected, Rou
   std::exit(1);
 }
 
+// Whether the SSSE3 form has a build of its own: then no processor that runs it has the SSE2
+// form's in a table.
+bool HasSsse3Build(SuiteIndex suite, uint16_t slot) {
+  bool has = false;
+  ForEachBuild([&]<class Form>(SuiteIndex inSuite, const Build& build) {
+    has |= std::is_same_v<Form, Ssse3> && inSuite == suite && build.slot == slot;
+  });
+  return has && instructionSets.ssse3;
+}
+
 void RegisterCase(const Case& job) {
   const host::SuiteEntry& suite = host::Catalog()[job.suite];
   const Routine expected = host::FindReference(suite, job.slot)->routine;
@@ -47,8 +57,8 @@ void RegisterCase(const Case& job) {
     RequireSame(name + Form::kName, job, expected, routine);
     if (Form::kBytes == 1)
       add(Form::kName, routine, notBiggest);
-    else if (std::is_same_v<Form, Sse2> && instructionSets.ssse3)
-      add(Form::kName, routine, inCache);  // no processor of this kind has it in a table
+    else if (std::is_same_v<Form, Sse2> && HasSsse3Build(job.suite, job.slot))
+      add(Form::kName, routine, inCache);
     else
       add(Form::kName, routine, anyShape);
   });

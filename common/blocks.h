@@ -125,10 +125,12 @@ struct Singly {
 };
 
 // Calls use(Blocks) for the widest register, of kBytes bytes or a half of that and so on down
-// to 16, that samples `start` to `end` fill; returns whether there is one.
+// to 16, that samples `start` to `end` fill; returns whether there is one. What is two
+// registers of 64 bytes, but only three of 32, is taken in the three.
 template <class T, int kBytes, class Use>
 VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
-  if ((end - start) * intptr_t{sizeof(T)} >= kBytes) {
+  const intptr_t bytes = (end - start) * intptr_t{sizeof(T)};
+  if (bytes >= kBytes && !(kBytes == 64 && bytes > 64 && bytes <= 96)) {
     use(Blocks<Lanes<T, kBytes / int{sizeof(T)}>>{end, start});
     return true;
   }

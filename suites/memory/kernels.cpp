@@ -14,8 +14,9 @@ constexpr Build kBuilds[] = {
     {1, OnlyIn<Form, Sse2, Ssse3>([]<class F>(F) { return Entry<CopyRect<CopyBytes<F>>>; })},
     {3, OnlyIn<Form, Sse2>([]<class F>(F) { return Entry<FillBytes<F>>; })},
     {4, OnlyIn<Form, Sse2>([]<class F>(F) { return Entry<FillRect<FillBytes<F>>>; })},
-    {17, From<Form, 16>([]<class F>(F) { return Entry<BytesAllEqual<F>>; })},
-    {18, From<Form, 16>([]<class F>(F) { return Entry<RectAllEqual<BytesAllEqual<F>>>; })},
+    {17, OnlyIn<Form, Sse2, Avx2>([]<class F>(F) { return Entry<BytesAllEqual<F>>; })},
+    {18,
+     OnlyIn<Form, Sse2, Avx2>([]<class F>(F) { return Entry<RectAllEqual<BytesAllEqual<F>>>; })},
     {65, From<Form, 16>([]<class F>(F) { return Entry<FillWords<F>>; })},
     {66, From<Form, 16>([]<class F>(F) { return Entry<FillWordRect<FillWords<F>>>; })},
 };
