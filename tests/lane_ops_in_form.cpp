@@ -3,6 +3,7 @@
 
 #include "common/blocks.h"
 #include "common/groups.h"
+#include "common/look_up.h"
 
 namespace vantrix {
 namespace {

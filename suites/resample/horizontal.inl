@@ -25,8 +25,9 @@ struct EndLists {
   }
 };
 
-template <class Sample, class S, class... Accesses>
+template <class Sample, class Form, class... Accesses>
 void FilterHorizontalInSets(const HorizontalCall& call) {
+  using S = Register<uint32_t, Form>;
   HorizontalPass<Sample, S> pass{call, call.width};
   EndLists ends;
   if (kLaneCount<S> == 4 && call.width < 4) {
@@ -63,14 +64,15 @@ template <class S>
 inline constexpr int kLeastSpan = sizeof(S) == 64 ? 64 : 0;
 
 // False where taps are so many that no plan holds them, or a row is too short.
-template <class Sample, class S>
+template <class Sample, class Form>
 VX_INLINE bool FilterInSets(const HorizontalCall& call) {
+  using S = Register<uint32_t, Form>;
   return WithAccesses<Sample, S>([&]<class... Accesses>() VX_INLINED {
     const HorizontalPass<Sample, S> pass{call, call.width};
     if (call.span.bytes < kLeastSpan<S> || pass.template PlanBlocks<Accesses...>() < 1 ||
         !pass.template SpanHoldsUnits<ByGather>())
       return false;
-    FilterHorizontalInSets<Sample, S, Accesses...>(call);
+    FilterHorizontalInSets<Sample, Form, Accesses...>(call);
     return true;
   });
 }
@@ -95,9 +97,9 @@ void FilterResampleHorizontal(const Sample* source, Sample* destination, uint32_
     const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
     if (width >= kLeastWidth && taps.count >= 2) {
       const Span span = SpanOf<Sample>(taps, width);
-      if (FilterInSets<Sample, S>({reinterpret_cast<const uint8_t*>(source) + span.first,
-                                   reinterpret_cast<uint8_t*>(destination), sourceStride,
-                                   destinationStride, rows, width, taps, span}))
+      if (FilterInSets<Sample, Form>({reinterpret_cast<const uint8_t*>(source) + span.first,
+                                      reinterpret_cast<uint8_t*>(destination), sourceStride,
+                                      destinationStride, rows, width, taps, span}))
         return;
     }
   }

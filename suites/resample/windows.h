@@ -16,6 +16,7 @@
 #pragma once
 
 #include "common/gather.h"
+#include "common/look_up.h"
 
 namespace vantrix {
 
