@@ -1,9 +1,9 @@
 // The forms of a kernel: with which instructions it works, and how much it takes at once.
 //
 // A form is a type, so that one text compiled for two instruction sets gives two functions
-// of different names. This list of forms is the only one. The build compiles each suite's
-// kernels.cpp once for each of them (plugin/CMakeLists.txt has their compiler flags, under
-// the same names), and the installer, the tests, the benchmarks and the host's commands
+// of different names. The build compiles each suite's kernels.cpp once for each
+// of this list (cmake/forms.cmake has their compiler flags, under the same names), and the
+// installer, the tests, the benchmarks and the host's commands
 // loop over them.
 #pragma once
 

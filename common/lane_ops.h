@@ -18,7 +18,6 @@
 //   HighProduct          the high half of each 32-bit product
 //   Excess               max(a - b, 0)
 //   SumOfDifferences     of |a - b|, over the eight bytes of each 64-bit lane
-//   SmallerSigned        min(a, b) of signed 16-bit lanes
 //   RoundedMean          (a + b + 1) / 2
 //   ProductSums          a[2 i] b[2 i] + a[2 i + 1] b[2 i + 1] of signed 16-bit lanes; one
 //                        pair in four billion wraps: -32768 throughout
@@ -34,7 +33,8 @@
 //   AllSet, NoneSet      whether it holds in every lane, or in none
 //
 // A register wider than 16 bytes is 16-byte groups side by side. What moves lanes moves
-// them within their group, so that one operation undoes the other in every width.
+// them within their group, so that one operation undoes the other in every width; but for those
+// in memory's order, InEveryGroup, and Exchanged over a group's length.
 #pragma once
 
 #include "common/registers.h"
@@ -173,12 +173,6 @@ VX_LANE auto SumOfDifferences(V a, V b) {
                                 [](auto x, auto y) VX_INLINED { return _mm256_sad_epu8(x, y); },
                                 [](auto x, auto y) VX_INLINED { return _mm512_sad_epu8(x, y); }, a,
                                 b));
-}
-template <class V>
-VX_LANE V SmallerSigned(V a, V b) {
-  return As<V>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_min_epi16(x, y); },
-                       [](auto x, auto y) VX_INLINED { return _mm256_min_epi16(x, y); },
-                       [](auto x, auto y) VX_INLINED { return _mm512_min_epi16(x, y); }, a, b));
 }
 template <class V>
 VX_LANE V RoundedMean(V a, V b) {

@@ -105,8 +105,6 @@ VX_LANE uint64_t LoadWord(const uint8_t* from) {
   return word;
 }
 
-VX_LANE void StoreWord(uint8_t* to, uint64_t word) { __builtin_memcpy(to, &word, sizeof word); }
-
 // One value in every lane.
 template <class V>
 VX_LANE V Fill(LaneOf<V> value) {

@@ -14,7 +14,8 @@ namespace vantrix {
 // Whether lanes of V can be looked up, and whether bytes of a group can be shuffled.
 #if defined(__AVX512VBMI__)
 template <class V>
-static constexpr bool kLooksUp = sizeof(V) == 64 || (sizeof(V) == 32 && sizeof(LaneOf<V>) == 4);
+static constexpr bool kLooksUp =
+    (sizeof(V) >= 32 && sizeof(LaneOf<V>) == 4) || (sizeof(V) == 64 && sizeof(LaneOf<V>) == 1);
 #elif defined(__AVX2__)
 template <class V>
 static constexpr bool kLooksUp = sizeof(V) == 32 && sizeof(LaneOf<V>) == 4;
@@ -30,7 +31,7 @@ static constexpr bool kShuffles = false;
 
 #if defined(__AVX2__)
 template <class V>
-  requires(sizeof(LaneOf<V>) == 4)
+  requires(kLooksUp<V> && sizeof(LaneOf<V>) == 4)
 VX_LANE V LookUp(V v, V places) {
   return As<V>(ByWidth([](auto x, auto) VX_INLINED { return x; },
                        [](auto x, auto y) VX_INLINED { return _mm256_permutevar8x32_epi32(x, y); },
@@ -49,7 +50,7 @@ VX_LANE V LookUp(V first, V second, V places) {
 #endif
 #if defined(__AVX512VBMI__)
 template <class V>
-  requires(sizeof(LaneOf<V>) == 1)
+  requires(kLooksUp<V> && sizeof(LaneOf<V>) == 1)
 VX_LANE V LookUp(V v, V places) {
   return As<V>(_mm512_permutexvar_epi8(Bits(places), Bits(v)));
 }

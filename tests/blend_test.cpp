@@ -246,6 +246,14 @@ TEST_P(ChangedBlocksTest, StoresNoBlockThatStaysAsItIs) {
     Blend(source.data(), boundary - 16, 32);
     EXPECT_EQ(boundary[at], Changing()) << at;
   }
+
+  // Steps on the page that is read only, and behind it the 16 to 31 samples that are left and
+  // written in any case.
+  for (int steps = 1; steps <= 4; ++steps)
+    for (int left = 16; left < 32; ++left) {
+      source.assign(200, Same());
+      Blend(source.data(), boundary - 32 * steps, 32 * steps + left);
+    }
 }
 
 TEST_P(ChangedBlocksTest, CarriesForwardOverAnOverlap) {

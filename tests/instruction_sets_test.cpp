@@ -2,6 +2,7 @@
 // more, bit by bit, so that a slip in the table of detection shows.
 #include "plugin/instruction_sets.h"
 
+#include <cpuid.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -197,6 +198,12 @@ TEST_F(InstructionSetsTest, AskForAllThatTheCompilerIsAllowed) {
   EXPECT_NE(std::string(kMacros<Avx2>).find("__AVX2__"), std::string::npos) << "macros are read";
 }
 
+// The compiler's detection does not name it.
+bool HasVaes() {
+  unsigned a = 0, b = 0, c = 0, d = 0;
+  return __get_cpuid_count(7, 0, &a, &b, &c, &d) != 0 && (c >> 9 & 1) != 0;
+}
+
 // The tables of both targets, against the compiler's own detection.
 TEST(ThisSystemTest, AgreesWithTheCompilersView) {
   const bool avx2 = __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("sse4.1") &&
@@ -207,7 +214,7 @@ TEST(ThisSystemTest, AgreesWithTheCompilersView) {
       __builtin_cpu_supports("avx512ifma") && __builtin_cpu_supports("avx512cd") &&
       __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl") &&
       __builtin_cpu_supports("avx512vbmi") && __builtin_cpu_supports("avx512vbmi2") &&
-      __builtin_cpu_supports("gfni") && __builtin_cpu_supports("vpclmulqdq") &&
+      __builtin_cpu_supports("gfni") && __builtin_cpu_supports("vpclmulqdq") && HasVaes() &&
       __builtin_cpu_supports("avx512vnni") && __builtin_cpu_supports("avx512bitalg") &&
       __builtin_cpu_supports("avx512vpopcntdq");
   const InstructionSets here = InstructionSetsHere();

@@ -57,7 +57,6 @@ void RunOn(const LaneOperands& in, const Recorder& record) {
   record("HighProduct", HighProduct(wordsOf(in.a), wordsOf(in.b)));
   record("Excess", Excess(bytesOf(in.a), bytesOf(in.b)));
   record("SumOfDifferences", SumOfDifferences(bytesOf(in.a), bytesOf(in.b)));
-  record("SmallerSigned", SmallerSigned(wordsOf(in.a), wordsOf(in.b)));
   record("RoundedMean", RoundedMean(bytesOf(in.a), bytesOf(in.b)));
   record("ProductSums", ProductSums(wordsOf(in.a), wordsOf(in.b)));
   const auto floats = ToFloats(As<Ints<B>>(sumsOf(in.a)));

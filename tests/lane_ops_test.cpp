@@ -1,4 +1,4 @@
-// Every operation on lanes, in every form and width, against one that names each lane. Operands
+// Operations on lanes, in every form and width, against ones that name each lane. Operands
 // are noise and bytes that tell their place, so that a lane in another's place shows.
 #include <gtest/gtest.h>
 
@@ -152,7 +152,6 @@ const std::map<std::string, Model>& Models() {
        })},
       {"SumOfDifferences of one",
        Each<uint32_t>([](auto& in, size_t) { return std::abs(in.a[0] - in.b[0]); })},
-      {"SmallerSigned", Pairwise<int16_t>([](int a, int b) { return std::min(a, b); })},
       {"RoundedMean", Pairwise<uint8_t>([](int a, int b) { return (a + b + 1) / 2; })},
       {"ProductSums", Each<uint32_t>([](auto& in, size_t i) {
          const auto product = [&](size_t k) {

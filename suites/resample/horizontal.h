@@ -25,7 +25,8 @@ namespace vantrix {
 // Registers of samples are fetched by the first of the form's accesses that serves a
 // stretch of columns (suites/resample/column_plan.h). The lists are turned into a plan of
 // the columns once for many rows; what does not suit a plan (more taps than it holds, a
-// source of a few samples, no or one tap) is taken one by one.
+// source of a few samples, no or one tap) goes to the narrower form's build, and in the
+// narrowest is taken one by one.
 template <class Sample, class Form>
 FilterHorizontal<Sample> FilterResampleHorizontal;
 

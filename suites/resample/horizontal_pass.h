@@ -165,7 +165,7 @@ struct HorizontalPass : HorizontalCall {
   }
 
   // What comes of kCount sets that follow one another, of a block or a loose one, is given to
-  // store(row, samples).
+  // write(row, samples).
   template <class Access, int kTaps, int kCount, class Write>
   VX_INLINE void WeighSets(OfRows<const uint8_t*> from, const uint32_t* words, Write write) const {
     OfRows<SumOf<Access>> sums[kCount];
@@ -183,7 +183,7 @@ struct HorizontalPass : HorizontalCall {
   VX_INLINE void WeighRows(const uint32_t* plan, uint32_t row, uint32_t endRow,
                            Stretch stretch) const {
     const int32_t setWords = SetWords<Access, kTaps>();
-    for (; row<endRow; row += endRow - row> kRows ? kRows : endRow - row) {
+    for (; row < endRow; row += (endRow - row > kRows) ? kRows : endRow - row) {
       OfRows<const uint8_t*> from;
       OfRows<uint8_t*> to;
       for (int r = 0; r < kRows; ++r) {
