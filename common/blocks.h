@@ -5,8 +5,8 @@
 //                     one register. The two may overlap; then the samples between stand in it
 //                     twice, and are stored twice with one value
 //
-// Both load from and store to any row of samples as large as V's lanes. A row's end
-// seldom falls to one sample at a time: a long row ends in a block that reaches back over the one
+// Both load from and store to any row of samples as large as V's lanes. A row's end seldom
+// falls to one sample at a time: a long row ends in a block that reaches back over the one
 // before (Blocks), a shorter one is taken in narrower registers, the shortest as two ends
 // (WithBlocks). Places and counts are in samples.
 #pragma once
@@ -125,8 +125,8 @@ struct Singly {
 };
 
 // Calls use(Blocks) for the widest register, of kBytes bytes or a half of that and so on down
-// to 16, that samples `start` to `end` fill; returns whether there is one. 65 to 96
-// bytes are quicker taken in three registers of 32 than in two of 64 that overlap. Measured.
+// to 16, that samples `start` to `end` fill; returns whether there is one. 65 to 96 bytes are
+// quicker taken in three registers of 32 than in two of 64 that overlap. Measured.
 template <class T, int kBytes, class Use>
 VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
   const intptr_t bytes = (end - start) * intptr_t{sizeof(T)};

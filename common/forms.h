@@ -1,10 +1,9 @@
 // The forms of a kernel: with which instructions it works, and how much it takes at once.
 //
 // A form is a type, so that one text compiled for two instruction sets gives two functions
-// of different names. The build compiles each suite's kernels.cpp once for each
-// of this list (cmake/forms.cmake has their compiler flags, under the same names), and the
-// installer, the tests, the benchmarks and the host's commands
-// loop over them.
+// of different names. The build compiles each suite's kernels.cpp once for each of this
+// list (cmake/forms.cmake has their compiler flags, under the same names), and the installer,
+// the tests, the benchmarks and the host's commands loop over them.
 #pragma once
 
 #include <cstddef>

@@ -87,7 +87,7 @@ struct ByGather {
   template <class S, int kBytes, int kCount>
   VX_INLINE static Gathered<S, kCount> Fetch(const uint8_t* row, const uint32_t* words, int unit,
                                              int) {
-    // Of a place one load of 16 bytes is as good as one of 8, and is joined with others at once.
+    // Two units are quicker taken as the last of four that begin two before. Measured.
     if constexpr (kCount == 2)
       if (unit >= 2) {
         const auto four = Gather<S, 4>(row + kBytes * (unit - 2), words);

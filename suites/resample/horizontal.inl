@@ -58,8 +58,8 @@ VX_INLINE bool WithAccesses(Use use) {
     return use.template operator()<ByWindow<GroupWindow<S, kUnit, true>>, Own, ByGather>();
 }
 
-// A row made of fewer bytes than that is quicker taken in narrower registers: windows are
-// mostly as wide as a register of 64 bytes. Measured.
+// The fewest bytes of source that a row is worth these registers for: a window of 64 bytes
+// mostly finds no place in fewer. Measured.
 template <class S>
 inline constexpr int kLeastSpan = sizeof(S) == 64 ? 64 : 0;
 
