@@ -23,8 +23,7 @@ inline constexpr int kSignedCentre = 255;
 extern uint8_t DivideTable[256][256];
 
 // Nine 16-byte constants, all zero on a processor without SSE2. Kernels name
-// their constants where they use them; these stand for hosts' tools that look
-// for them in the module's data.
+// their constants where they use them; these are part of the module's data.
 struct alignas(16) Constant16 {
   uint8_t bytes[16];
 };

@@ -50,6 +50,8 @@ bool ProcessorOpens(Gate gate) {
       return __builtin_cpu_supports("sse");
     case Gate::kSSE2:
       return __builtin_cpu_supports("sse2");
+    case Gate::kSSE2OrSSSE3:
+      return __builtin_cpu_supports("sse2") || __builtin_cpu_supports("ssse3");
     case Gate::kSSE41:
       return __builtin_cpu_supports("sse4.1");
   }
@@ -64,6 +66,8 @@ const char* NameOf(Gate gate) {
       return "SSE";
     case Gate::kSSE2:
       return "SSE2";
+    case Gate::kSSE2OrSSSE3:
+      return "SSE2 or SSSE3";
     case Gate::kSSE41:
       return "SSE4.1";
   }

@@ -24,6 +24,8 @@ constexpr bool IsOpen(Gate gate, const ProcessorFeatures& has) {
       return has.hasSSE;
     case Gate::kSSE2:
       return has.hasSSE2;
+    case Gate::kSSE2OrSSSE3:
+      return has.hasSSE2 || has.hasSSSE3;
     case Gate::kSSE41:
       return has.hasSSE41;
   }

@@ -9,7 +9,7 @@
 
 namespace vantrix {
 
-enum class Gate : uint8_t { kAlways, kSSE, kSSE2, kSSE41 };
+enum class Gate : uint8_t { kAlways, kSSE, kSSE2, kSSE2OrSSSE3, kSSE41 };
 
 // One line of a suite's slot table. A line without a rule stands for a routine
 // whose contract is the host's own: it is passed through.

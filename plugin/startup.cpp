@@ -25,13 +25,12 @@ constexpr Installer* kInstallers[] = {
 int32_t Startup(const SuiteParameterBlock* block, int16_t* result, const System& system) {
   processorFeatures = DetectFeatures(system);
   instructionSets = DetectInstructionSets(system, processorFeatures);
-  *result = AcquireSuites(block);
+  *result = AcquireSuites(block, IsOwn);
   if (*result != 0) return *result;
   BuildSharedTables();
   if (processorFeatures.osSupportsSSE) _mm_setcsr(_mm_getcsr() | kFlushToZero);
 
-  // The path installer queries the host and must come last; the order of the
-  // others is kept because hosts see it in their tables.
+  // The path installer queries the host and must come last.
   int32_t outcome = 0;
   for (Installer* install : kInstallers) outcome = install(block);
 

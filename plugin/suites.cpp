@@ -1,7 +1,5 @@
 #include "plugin/suites.h"
 
-#include <cstring>
-
 namespace vantrix {
 
 SavedSuite<kBlend> blendSuite;
@@ -17,12 +15,10 @@ SavedSuite<kPath> pathSuite;
 
 namespace {
 
-// A core record that answers capability queries: one entry fewer than the query's
-// own slot would take, which is what hosts of this version report.
+// The query is entry 5, yet a count of 5 is enough.
 constexpr uint32_t kMinimumToQuery = 5;
 
-// The signed count is compared as an unsigned number, so every negative count
-// passes: hosts use one to mean that the table is as long as need be.
+// The signed count is compared as an unsigned number, so every negative count passes.
 bool HasAtLeast(const SuiteRecord& record, uint32_t minimum) {
   return static_cast<uint32_t>(int32_t{record.suiteCount}) >= minimum;
 }
@@ -63,13 +59,16 @@ const SuiteRecord* FindSuite(const SuiteParameterBlock* block, uint32_t code, in
   return found->suiteVersion == version ? found : nullptr;
 }
 
-int16_t AcquireSuites(const SuiteParameterBlock* block) {
+int16_t AcquireSuites(const SuiteParameterBlock* block, bool (*isOwn)(Routine)) {
   for (int i = 0; i < kSuiteCount; ++i) {
     const SuiteFormat& format = kSuiteFormats[i];
     const SuiteRecord* record = FindSuite(block, format.code, format.version);
     if (!record || !HasAtLeast(*record, format.minimumCount)) return kSuiteMissing;
-    std::memcpy(kHolders[i].saved, record->routines, format.savedEntries * sizeof(Routine));
-    *kHolders[i].live = record->routines;
+    const Holder& holder = kHolders[i];
+    const bool isFirst = *holder.live == nullptr;
+    for (uint32_t slot = 0; slot < format.savedEntries; ++slot)
+      if (isFirst || !isOwn(record->routines[slot])) holder.saved[slot] = record->routines[slot];
+    *holder.live = record->routines;
   }
   return 0;
 }

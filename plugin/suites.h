@@ -44,6 +44,9 @@ const SuiteRecord* FindSuite(const SuiteParameterBlock* block, uint32_t code, in
 
 // Finds all ten and saves their entries. 0, or -1 at the first that is missing or
 // too short; those before it stay acquired.
-int16_t AcquireSuites(const SuiteParameterBlock* block);
+//
+// When a suite is acquired once more, its table may hold our own routines, of which isOwn tells.
+// What was saved stays in their places, so that a call that is handed on reaches the host.
+int16_t AcquireSuites(const SuiteParameterBlock* block, bool (*isOwn)(Routine));
 
 }  // namespace vantrix

@@ -1,7 +1,9 @@
 #include "suites/install.h"
 
+#include "plugin/core.h"
 #include "plugin/install.h"
 #include "plugin/instruction_sets.h"
+#include "suites/all_builds.h"
 #include "suites/blend/slots.h"
 #include "suites/convert/slots.h"
 #include "suites/filter/slots.h"
@@ -9,6 +11,7 @@
 #include "suites/memory/slots.h"
 #include "suites/paint/slots.h"
 #include "suites/path/debugging.h"
+#include "suites/path/fill_array.h"
 #include "suites/path/slots.h"
 #include "suites/resample/slots.h"
 #include "suites/select/slots.h"
@@ -22,7 +25,29 @@ int32_t InstallSuite() {
   return 1;
 }
 
+template <auto& kSuite, auto& kSlots>
+bool IsPassThroughOf(Routine routine) {
+  return [&]<size_t... kLine>(std::index_sequence<kLine...>) {
+    return ((routine == Entry<PassThrough<kSuite, kSlots[kLine].index>>()) || ...);
+  }(std::make_index_sequence<std::size(kSlots)>{});
+}
+
 }  // namespace
+
+bool IsOwn(Routine routine) {
+  bool isBuild = false;
+  ForEachBuild(
+      [&]<class>(SuiteIndex, const Build& build) { isBuild |= build.routine() == routine; });
+  return isBuild || routine == Entry<ApplyFillArrayOperationChecked>() ||
+         routine == Entry<NoiseBufferHook>() || IsPassThroughOf<blendSuite, kBlendSlots>(routine) ||
+         IsPassThroughOf<convertSuite, kConvertSlots>(routine) ||
+         IsPassThroughOf<filterSuite, kFilterSlots>(routine) ||
+         IsPassThroughOf<memorySuite, kMemorySlots>(routine) ||
+         IsPassThroughOf<paintSuite, kPaintSlots>(routine) ||
+         IsPassThroughOf<pathSuite, kPathSlots>(routine) ||
+         IsPassThroughOf<resampleSuite, kResampleSlots>(routine) ||
+         IsPassThroughOf<selectSuite, kSelectSlots>(routine);
+}
 
 int32_t InstallBlendRoutines(const SuiteParameterBlock*) {
   return InstallSuite<blendSuite, kBlendSlots, BlendKernels>();

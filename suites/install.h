@@ -6,6 +6,10 @@
 
 namespace vantrix {
 
+// Whether a routine is one that the installers write: a build of a kernel, whatever its form, or
+// a routine that passes its call on.
+bool IsOwn(Routine routine);
+
 int32_t InstallBlendRoutines(const SuiteParameterBlock* block);
 int32_t InstallConvertRoutines(const SuiteParameterBlock* block);
 int32_t InstallFilterRoutines(const SuiteParameterBlock* block);

@@ -1,6 +1,10 @@
 #include "tests/fake_host.h"
 
+#include <xmmintrin.h>
+
 #include <cstring>
+
+#include "common/tables.h"
 
 namespace vantrix {
 namespace {
@@ -18,7 +22,8 @@ uint32_t Answer(uint32_t signature, uint32_t selector, void* answer) {
   int installed = 0;
   for (int i = 0; i < kSuiteCount; ++i)
     installed += !host->ChangedSlots(static_cast<SuiteIndex>(i)).empty();
-  host->queries.push_back({signature, selector, installed});
+  const bool hasTables = MultiplyTable[255][255] == 255 && DivideTable[255][255] == 255;
+  host->queries.push_back({signature, selector, installed, hasTables, _mm_getcsr()});
   if (signature == kPluginKind) {
     *static_cast<const SuiteRecord**>(answer) = host->suiteAnswer;
     return host->suiteResult;

@@ -28,7 +28,11 @@ class FakeHost {
   // What the capability query answers: by selector, a result and what it writes.
   struct Query {
     uint32_t signature, selector;
-    int installedSuites;  // suites with changed slots when it was asked
+    // When it was asked: suites with changed slots, whether the shared tables were built, and the
+    // floating-point control.
+    int installedSuites;
+    bool hasTables;
+    uint32_t control;
   };
   std::vector<Query> queries;
   uint32_t suiteResult = 0;

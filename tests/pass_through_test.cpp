@@ -1,11 +1,16 @@
 // A pass-through keeps every argument and every kind of result.
 #include <gtest/gtest.h>
+#include <xmmintrin.h>
 
+#include <algorithm>
 #include <cstdarg>
 
+#include "host/catalog.h"
 #include "plugin/install.h"
+#include "plugin/startup.h"
 #include "plugin/suites.h"
 #include "tests/fake_host.h"
+#include "tests/fake_system.h"
 
 namespace vantrix {
 namespace {
@@ -74,6 +79,43 @@ TEST(PassThroughTest, FollowsTheSavedEntryNotTheLiveOne) {
   EXPECT_EQ(Through(Variable)(1, 5), 5);
   live[kSlot] = kJump();  // as installed: following this would never end
   EXPECT_EQ(Call<decltype(Variable)>(live[kSlot])(1, 6), 6);
+}
+
+int reached;
+void Right() { ++reached; }
+void Wrong() { reached += 100; }
+
+// Each passed-through slot calls what was saved for it, and not for another.
+TEST(PassThroughTest, EachReachesItsOwnEntry) {
+  FakeHost host;
+  FakeSystem system;
+  system.SetFeatures(kMMX | kSSE | kSSE2, kSSE3 | kSSSE3 | kSSE41);
+  processorInfo.filled = 0;
+  int16_t result;
+  const uint32_t control = _mm_getcsr();
+  ASSERT_EQ(Startup(host.Block(), &result, system.Table()), 1);
+  _mm_setcsr(control);
+  int passed = 0;
+  const auto tryAll = [&](SuiteIndex suite, auto& acquired) {
+    for (const Slot& slot : host::Catalog()[suite].slots) {
+      if (slot.IsServed()) continue;
+      std::ranges::fill(acquired.saved, Wrong);
+      acquired.saved[slot.index] = Right;
+      reached = 0;
+      host.Live(suite)[slot.index]();
+      EXPECT_EQ(reached, 1) << host::Catalog()[suite].name << " " << slot.index;
+      ++passed;
+    }
+  };
+  tryAll(kBlend, blendSuite);
+  tryAll(kConvert, convertSuite);
+  tryAll(kFilter, filterSuite);
+  tryAll(kMemory, memorySuite);
+  tryAll(kPaint, paintSuite);
+  tryAll(kPath, pathSuite);
+  tryAll(kResample, resampleSuite);
+  tryAll(kSelect, selectSuite);
+  EXPECT_EQ(passed, 82);
 }
 
 }  // namespace

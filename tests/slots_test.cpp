@@ -44,6 +44,7 @@ Slots Join(std::initializer_list<Slots> parts) {
 struct Processor {
   bool sse, sse2, ssse3, sse41;
   int wide;  // bytes of the widest registers that it has and its system saves
+  bool mmx = false, executesSSE = true, sse3 = false, isHyperThreaded = false;  // open nothing
 
   bool Runs(const std::string& form) const {
     const bool hasOlder = sse2 && ssse3 && sse41;
@@ -56,8 +57,12 @@ struct Processor {
 void Play(const Processor& has, FakeSystem& system) {
   // All but the flags, where there are wide registers.
   const uint32_t others = has.wide > 16 ? ~(kSSE3 | kSSSE3 | kSSE41) : 0;
-  system.SetFeatures((has.sse ? kSSE : 0) | (has.sse2 ? kSSE2 : 0),
-                     others | (has.ssse3 ? kSSSE3 : 0) | (has.sse41 ? kSSE41 : 0));
+  system.SetFeatures(
+      (has.mmx ? kMMX : 0) | (has.sse ? kSSE : 0) | (has.sse2 ? kSSE2 : 0),
+      others | (has.sse3 ? kSSE3 : 0) | (has.ssse3 ? kSSSE3 : 0) | (has.sse41 ? kSSE41 : 0));
+  system.executesSSE = has.executesSSE;
+  system.SetVendor("GenuineIntel");
+  system.AddCores(1, has.isHyperThreaded ? 3 : 1);
   if (has.wide == 16) return;
   system.leaves[0].eax = 7;
   system.leaves[7] = {.eax = 0, .ebx = ~0u, .ecx = ~0u, .edx = 0};
@@ -85,9 +90,11 @@ void ExpectWidestBuilds(FakeHost& host, const Processor& has) {
 }
 
 void ExpectSlots(const Processor& has) {
-  const auto [sse, sse2, ssse3, sse41, wide] = has;
+  const auto [sse, sse2, ssse3, sse41, wide, mmx, executesSSE, sse3, isHyperThreaded] = has;
   SCOPED_TRACE(testing::Message() << "SSE " << sse << " SSE2 " << sse2 << " SSSE3 " << ssse3
-                                  << " SSE4.1 " << sse41 << ", " << wide << " bytes");
+                                  << " SSE4.1 " << sse41 << ", " << wide << " bytes; MMX " << mmx
+                                  << " executes SSE " << executesSSE << " SSE3 " << sse3
+                                  << " hyper-threaded " << isHyperThreaded);
   FakeHost host;
   FakeSystem system;
   Play(has, system);
@@ -105,7 +112,7 @@ void ExpectSlots(const Processor& has) {
   EXPECT_EQ(host.ChangedSlots(kDisplay), Slots{});
   EXPECT_EQ(host.ChangedSlots(kFilter),
             Join({{12}, when(sse, {34}), when(sse2, kFilterSSE2), when(sse41, kFilterSSE41)}));
-  EXPECT_EQ(host.ChangedSlots(kMemory), when(sse2, kMemorySSE2));
+  EXPECT_EQ(host.ChangedSlots(kMemory), sse2 ? kMemorySSE2 : when(ssse3, {0, 1}));
   EXPECT_EQ(host.ChangedSlots(kPaint), when(sse2, kPaintSSE2));
   EXPECT_EQ(host.ChangedSlots(kResample),
             Join({when(sse, kResampleSSE), when(sse2, kResampleSSE2), when(sse41, {26})}));
@@ -118,8 +125,10 @@ TEST(SlotsTest, ChangeAsTheFlagsSayEachOnItsOwn) {
   EXPECT_EQ(kBlendSSE.size() + kBlendSSE2.size(), 54u);
   EXPECT_EQ(kPaintSSE2.size(), 37u);
   for (const int wide : {16, 32, 64})
-    for (int flags = 0; flags < 16; ++flags)
-      ExpectSlots({(flags & 1) != 0, (flags & 2) != 0, (flags & 4) != 0, (flags & 8) != 0, wide});
+    for (int flags = 0; flags < 256; ++flags) {
+      const auto has = [=](int flag) { return (flags >> flag & 1) != 0; };
+      ExpectSlots({has(0), has(1), has(2), has(3), wide, has(4), has(5), has(6), has(7)});
+    }
 }
 
 // Start-up hands on what the last of them answers.

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <xmmintrin.h>
 
+#include <iterator>
+
 #include "common/tables.h"
 #include "plugin/core.h"
 #include "plugin/module.h"
@@ -77,12 +79,50 @@ TEST_F(StartupTest, SucceedsAndSavesTheHostsDefaults) {
   EXPECT_EQ(pathSuite.saved[52], host.Original(kPath, 52));
 }
 
-TEST_F(StartupTest, SecondStartupSavesThePluginsOwnRoutines) {
-  Start();
-  const Routine own = host.Live(kBlend)[2];
+// Nothing of ours is saved over the host's, or calls that are handed on would never end. What the
+// host writes in between is its own.
+TEST_F(StartupTest, KeepsWhatIsTheHostsWhenItRunsAgain) {
+  const auto expectHosts = [&](SuiteIndex suite, const auto& acquired) {
+    for (size_t slot = 0; slot < std::size(acquired.saved); ++slot)
+      ASSERT_EQ(acquired.saved[slot], host.Original(suite, slot)) << suite << " " << slot;
+  };
+  EXPECT_THAT((std::vector{std::size(blendSuite.saved), std::size(convertSuite.saved),
+                           std::size(coreSuite.saved), std::size(displaySuite.saved),
+                           std::size(filterSuite.saved), std::size(memorySuite.saved),
+                           std::size(paintSuite.saved), std::size(resampleSuite.saved),
+                           std::size(selectSuite.saved), std::size(pathSuite.saved)}),
+              ElementsAre(395, 79, 17, 82, 345, 182, 151, 62, 123, 53));
+  const auto expectAllHosts = [&] {
+    expectHosts(kBlend, blendSuite);
+    expectHosts(kConvert, convertSuite);
+    expectHosts(kCore, coreSuite);
+    expectHosts(kDisplay, displaySuite);
+    expectHosts(kFilter, filterSuite);
+    expectHosts(kMemory, memorySuite);
+    expectHosts(kPaint, paintSuite);
+    expectHosts(kResample, resampleSuite);
+    expectHosts(kSelect, selectSuite);
+    expectHosts(kPath, pathSuite);
+  };
+  for (const uint64_t isDebugged : {0, 1}) {
+    host.debugAnswer = isDebugged;
+    EXPECT_EQ(Start(), 1);
+    const auto installed = host.Live(kBlend);
+    EXPECT_EQ(Start(), 1);
+    EXPECT_EQ(host.Live(kBlend), installed);
+    expectAllHosts();
+  }
+  // One that fails at the last suite has acquired the others.
+  const SuiteRecord last = host.records.back();
+  host.records.pop_back();
+  EXPECT_EQ(Start(), -1);
+  expectAllHosts();
+
+  host.records.push_back(last);
+  const Routine another = host.Original(kSelect, 0);
+  host.Live(kBlend)[2] = another;
   EXPECT_EQ(Start(), 1);
-  EXPECT_EQ(host.Live(kBlend)[2], own);
-  EXPECT_EQ(blendSuite.saved[2], own);
+  EXPECT_EQ(blendSuite.saved[2], another);
 }
 
 TEST_F(StartupTest, FailsOnAnySuiteThatIsMissingOrOfAnotherVersion) {
@@ -214,17 +254,28 @@ TEST_F(StartupTest, SetsFlushToZeroAndKeepsTheOtherBits) {
   }
 }
 
-TEST_F(StartupTest, KeepsEightFlagsAndFillsTheConstantsWithSSE2Only) {
+TEST_F(StartupTest, KeepsEightFlagsEachOnItsOwn) {
+  system.SetVendor("GenuineIntel");
+  for (int flag = 0; flag < 8; ++flag) {
+    const auto is = [=](int which) { return which == flag; };
+    system.SetFeatures((is(0) ? kMMX : 0) | (is(2) ? kSSE : 0) | (is(3) ? kSSE2 : 0),
+                       (is(4) ? kSSE3 : 0) | (is(5) ? kSSSE3 : 0) | (is(6) ? kSSE41 : 0));
+    system.executesSSE = is(1);
+    system.relations.clear();
+    system.AddCores(2, is(7) ? 3 : 1);
+    EXPECT_EQ(Start(), 1);
+    const ProcessorFeatures& has = processorFeatures;
+    EXPECT_THAT(
+        (std::vector<uint32_t>{has.hasMMX, has.osSupportsSSE, has.hasSSE, has.hasSSE2, has.hasSSE3,
+                               has.hasSSSE3, has.hasSSE41, has.isIntelHyperThreaded}),
+        ElementsAre(is(0), is(1), is(2), is(3), is(4), is(5), is(6), is(7)));
+  }
+}
+
+TEST_F(StartupTest, FillsTheConstantsWithSSE2Only) {
   std::fill_n(SSE2Constants[0].bytes, sizeof SSE2Constants, uint8_t{0});
   system.SetFeatures(kMMX | kSSE, kSSSE3);
   EXPECT_EQ(Start(), 1);
-  EXPECT_EQ(processorFeatures.hasMMX, 1u);
-  EXPECT_EQ(processorFeatures.osSupportsSSE, 1u);
-  EXPECT_EQ(processorFeatures.hasSSE, 1u);
-  EXPECT_EQ(processorFeatures.hasSSE2, 0u);
-  EXPECT_EQ(processorFeatures.hasSSE3, 0u);
-  EXPECT_EQ(processorFeatures.hasSSSE3, 1u);
-  EXPECT_EQ(processorFeatures.hasSSE41, 0u);
   EXPECT_EQ(SSE2Constants[1].bytes[0], 0);
   system.SetFeatures(kMMX | kSSE | kSSE2, 0);
   EXPECT_EQ(Start(), 1);
@@ -232,6 +283,7 @@ TEST_F(StartupTest, KeepsEightFlagsAndFillsTheConstantsWithSSE2Only) {
 }
 
 TEST_F(StartupTest, InstallsThePathSuiteLastAndAsksItsTwoQuestionsInOrder) {
+  std::fill_n(&MultiplyTable[0][0], sizeof MultiplyTable, uint8_t{0});
   Start();
   ASSERT_EQ(host.queries.size(), 2u);
   EXPECT_EQ(host.queries[0].signature, Code("QXIM"));
@@ -240,6 +292,9 @@ TEST_F(StartupTest, InstallsThePathSuiteLastAndAsksItsTwoQuestionsInOrder) {
   EXPECT_EQ(host.queries[1].selector, Code("pdgv"));
   // Core and the seven others that are written to; never the display suite.
   EXPECT_EQ(host.queries[0].installedSuites, 8);
+  // Tables and flush-to-zero come before all installers.
+  EXPECT_TRUE(host.queries[0].hasTables);
+  EXPECT_EQ(host.queries[0].control & 0x8000, 0x8000u);
 }
 
 TEST_F(StartupTest, HooksTheNoiseBuffer) {

@@ -6,8 +6,9 @@
 namespace vantrix {
 
 inline constexpr Slot kMemorySlots[] = {
-    {0, Gate::kSSE2, "CopyBytes", "source, destination, bytes", "copy, as if all were read first"},
-    {1, Gate::kSSE2, "CopyRect",
+    {0, Gate::kSSE2OrSSSE3, "CopyBytes", "source, destination, bytes",
+     "copy, as if all were read first"},
+    {1, Gate::kSSE2OrSSSE3, "CopyRect",
      "source, destination, rows, row bytes, source stride, destination stride",
      "copy row by row; nothing where source and destination are one"},
     {3, Gate::kSSE2, "FillBytes", "destination, bytes, value", "every byte = value"},
@@ -24,6 +25,7 @@ inline constexpr Slot kMemorySlots[] = {
     {102, Gate::kSSE2, "MemorySlot102"},
     {136, Gate::kSSE2, "MemorySlot136"},
 };
-static_assert(CountGated(kMemorySlots, Gate::kSSE2) == 13);
+static_assert(CountGated(kMemorySlots, Gate::kSSE2) == 11 &&
+              CountGated(kMemorySlots, Gate::kSSE2OrSSSE3) == 2);
 
 }  // namespace vantrix
