@@ -110,6 +110,22 @@ void AddFilters(std::vector<Case>& cases, uint16_t horizontal, uint16_t vertical
     (add(vertical, kTaps, "0.73", Vertically<Sample, kTaps, 73>), ...);
 }
 
+// Source and destination side by side in one picture: addresses cross, no sample is common.
+void MultiplyTiles(Routine routine, Scene& scene) {
+  const Shape shape = scene.ChooseShape();
+  const PlaneView picture = scene.Bytes({shape.rows, 2 * shape.columns});
+  scene.Call<PlaneBlend>(routine, picture.first + shape.columns, picture.first, shape.rows,
+                         shape.columns, picture.stride, picture.stride);
+}
+
+void DeviateTiles(Routine routine, Scene& scene) {
+  const Shape shape = scene.ChooseShape();
+  const PlaneView picture = scene.Bytes({shape.rows + 2, 2 * shape.columns + 2});
+  const auto first = picture.first + picture.stride;
+  scene.Call<DeviationRoutine>(routine, first + shape.columns + 1, first, shape.rows, shape.columns,
+                               picture.stride, picture.stride);
+}
+
 // Whether a slot is measured in settings of its own and not as its exercise has it.
 bool HasSettings(SuiteIndex suite, uint16_t slot) {
   constexpr uint16_t kFilters[] = {3, 5, 6, 13, 26, 27};
@@ -119,7 +135,7 @@ bool HasSettings(SuiteIndex suite, uint16_t slot) {
 
 // Where planes lie matters to kernels that load and store all of a row in registers.
 bool IsMeasuredMisaligned(const Case& job) {
-  if (job.shapes.size() == 1 || job.setting == "disc") return false;
+  if (job.shapes.size() == 1 || job.setting == "disc" || job.setting == "tiles") return false;
   const auto isIn = [&](std::initializer_list<uint16_t> slots) {
     return std::ranges::find(slots, job.slot) != slots.end();
   };
@@ -139,6 +155,8 @@ std::vector<Case> Cases() {
   }
   for (const uint16_t slot : std::initializer_list<uint16_t>{2, 7, 10, 22, 47, 50})
     AddSetting(cases, kBlend, slot, "disc", MaskedByDisc);
+  AddSetting(cases, kBlend, 24, "tiles", MultiplyTiles);
+  AddSetting(cases, kFilter, 12, "tiles", DeviateTiles);
   AddSetting(cases, kFilter, 28, "3 taps", Convolve<3>);
   AddSetting(cases, kFilter, 28, "7 taps", Convolve<7>);
   AddSetting(cases, kResample, 3, "of 2", AverageRows<2>);

@@ -46,8 +46,8 @@ struct Ends {
   }
 };
 
-// Samples `start` to `end` of a row in whole blocks, at least one.
-template <class V>
+// Samples `start` to `end` of a row in whole blocks, at least one; at most kMost, if that is not 0.
+template <class V, int kMost = 0>
 struct Blocks {
   using Register = V;
   intptr_t end, start = 0;
@@ -60,8 +60,13 @@ struct Blocks {
   template <class Work>
   VX_INLINE void ForEachBeforeLast(intptr_t x, Work work) const {
     const intptr_t last = end - kLaneCount<V>;
+    if constexpr (kMost > 0) {
 #pragma GCC unroll 2
-    for (; x < last; x += kLaneCount<V>) work(Block<V>{x});
+      for (int i = 1; i < kMost && x < last; ++i, x += kLaneCount<V>) work(Block<V>{x});
+    } else {
+#pragma GCC unroll 2
+      for (; x < last; x += kLaneCount<V>) work(Block<V>{x});
+    }
   }
   // All of them, in order.
   template <class Work>
@@ -127,14 +132,15 @@ struct Singly {
 // Calls use(Blocks) for the widest register, of kBytes bytes or a half of that and so on down
 // to 16, that samples `start` to `end` fill; returns whether there is one. 65 to 96 bytes are
 // quicker taken in three registers of 32 than in two of 64 that overlap. Measured.
-template <class T, int kBytes, class Use>
+template <class T, int kBytes, int kMostBlocks = 0, class Use>
 VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
   const intptr_t bytes = (end - start) * intptr_t{sizeof(T)};
   if (bytes >= kBytes && !(kBytes == 64 && bytes > 64 && bytes <= 96)) {
-    use(Blocks<Lanes<T, kBytes / int{sizeof(T)}>>{end, start});
+    use(Blocks<Lanes<T, kBytes / int{sizeof(T)}>, kMostBlocks>{end, start});
     return true;
   }
-  if constexpr (kBytes > 16) return WithWholeBlocks<T, kBytes / 2>(start, end, use);
+  constexpr int kMostOfHalf = kBytes == 64 ? 3 : 2;
+  if constexpr (kBytes > 16) return WithWholeBlocks<T, kBytes / 2, kMostOfHalf>(start, end, use);
   return false;
 }
 
@@ -153,15 +159,20 @@ VX_INLINE bool WithEnds(intptr_t count, Use use) {
   return false;
 }
 
-// Calls use with the quickest way to take a row of `count` samples in a form. Fewer than
-// kFewest samples are quicker taken one by one than in one register.
+// Calls use with the quickest way to take a row of `count` samples in registers of a form, and
+// returns whether there is one. Fewer than kFewest samples are quicker taken one by one.
+template <class Form, class T, int kFewest = 2, class Use>
+VX_INLINE bool WithRegisters(intptr_t count, Use use) {
+  if constexpr (Form::kBytes == 1)
+    return false;
+  else
+    return WithWholeBlocks<T, Form::kBytes>(0, count, use) || WithEnds<T, kFewest>(count, use);
+}
+
+// The same, or else with samples one by one.
 template <class Form, class T, int kFewest = 2, class Use>
 VX_INLINE void WithBlocks(intptr_t count, Use use) {
-  if constexpr (Form::kBytes > 1) {
-    if (WithWholeBlocks<T, Form::kBytes>(0, count, use)) return;
-    if (WithEnds<T, kFewest>(count, use)) return;
-  }
-  use(Singly<T>{count});
+  if (!WithRegisters<Form, T, kFewest>(count, use)) use(Singly<T>{count});
 }
 
 // The same for heavy work out of place: whole blocks are tapered.

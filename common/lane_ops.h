@@ -41,10 +41,15 @@
 
 namespace vantrix {
 
-// Whether samples are 128 or more: bytes seen as signed are negative then.
+// Whether the highest bits are set: lanes seen as signed are negative then.
+template <class V>
+VX_LANE auto IsNegative(V v) {
+  return As<Lanes<std::make_signed_t<LaneOf<V>>, kLaneCount<V>>>(v) < 0;
+}
+// Whether samples are 128 or more.
 template <class V>
 VX_LANE auto IsLight(V v) {
-  return As<Lanes<int8_t, kLaneCount<V>>>(v) < 0;
+  return IsNegative(v);
 }
 
 template <bool kHigh, class V, size_t... i>
@@ -261,6 +266,23 @@ VX_LANE auto SetBytes(Condition condition) {
 template <class Condition>
 VX_LANE bool AllSet(Condition condition) {
   return SetBytes(condition) == ~uint64_t{0} >> (64 - sizeof(Condition));
+}
+// A register of which the compiler knows nothing. Clang packs what a comparison of 32 bytes gave
+// where a branch follows, and spreads it again after the branch.
+template <class V>
+VX_LANE V Opaque(V v) {
+  if constexpr (sizeof(V) == 32 && kWidestRegister >= 32) asm("" : "+x"(v));
+  return v;
+}
+// Whether it holds in a lane, of a register or of one sample; mostly it does.
+template <class Condition>
+VX_LANE bool MostlySomeSet(Condition condition) {
+  if constexpr (kIsOneSample<Condition>)
+    return condition[0] != 0;
+  else if constexpr (sizeof(Condition) > kWidestRegister)
+    return MostlySomeSet(Half<0>(condition) | Half<1>(condition));
+  else
+    return __builtin_expect(SetBytes(condition) != 0, 1);
 }
 template <class Condition>
 VX_LANE bool NoneSet(Condition condition) {

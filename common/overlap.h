@@ -1,54 +1,105 @@
-// Operands whose rows overlap the target's.
+// Whether operands share memory with the target, so that the order of work shows.
+//
+// Any overlap has a defined result: rows are taken in order, and the samples of a row one by one
+// from the first to the last. Registers read samples before others are written, so planes that
+// overlap are taken singly.
 #pragma once
 
-#include <cstring>
-#include <utility>
-
-#include "common/rows.h"
+#include "common/operands.h"
 
 namespace vantrix {
 
-// A row that fits is copied before it is worked on; longer ones are not.
-inline constexpr int32_t kCopiedSamples = 4096;
-
-// Whether in some row the operand's samples overlap the target's without being them.
-bool OverlapsInPart(Plane plane, Target to, int32_t rows, int32_t columns);
-VX_INLINE bool OverlapsInPart(Constant, Target, int32_t, int32_t) { return false; }
-
-VX_INLINE Plane CopyRow(Plane plane, uint8_t* copy, int32_t columns) {
-  std::memcpy(copy, plane.row, static_cast<size_t>(columns));
-  return {copy, 0};
+VX_INLINE int64_t AddressOf(const void* place) {
+  return static_cast<int64_t>(reinterpret_cast<uintptr_t>(place));
 }
-VX_INLINE Weights CopyRow(Weights weights, uint8_t* copy, int32_t columns) {
-  return {CopyRow(Plane{weights}, copy, columns)};
-}
-VX_INLINE Constant CopyRow(Constant constant, uint8_t*, int32_t) { return constant; }
-
-// One row after another from copies of its operands, sample by sample: rare.
-template <class Form, class Rule, class... From>
-[[gnu::noinline]] void BlendCopiedRows(int32_t rows, int32_t columns, Target to, Rule rule,
-                                       From... from) {
-  uint8_t copies[sizeof...(From)][kCopiedSamples];
-  ForEachRow(
-      rows,
-      [&](Target target, auto... operands) VX_INLINED {
-        [&]<size_t... kIndex>(std::index_sequence<kIndex...>) VX_INLINED {
-          BlendRows<Scalar>(1, columns, target, rule,
-                            CopyRow(operands, copies[kIndex], columns)...);
-        }(std::index_sequence_for<From...>{});
-      },
-      to, from...);
+// From the first to the last of so many rows, in bytes; of more than memory holds it wraps.
+VX_INLINE uint64_t ReachOf(int64_t rows, int64_t stride) {
+  return static_cast<uint64_t>(rows - 1) * static_cast<uint64_t>(stride);
 }
 
-// BlendRows for operands that may overlap the target in any way: a row of at most
-// 4096 samples behaves as if its operands had been copied before it is written. Copies
-// are made only where rows do overlap.
-template <class Form, class Rule, class... From>
-VX_INLINE void BlendRowsAsIfCopied(int32_t rows, int32_t columns, Target to, Rule rule,
-                                   From... from) {
-  if (columns <= kCopiedSamples && (OverlapsInPart(from, to, rows, columns) || ...))
-    return BlendCopiedRows<Form>(rows, columns, to, rule, from...);
-  BlendRows<Form>(rows, columns, to, rule, from...);
+// Rows of `bytes` bytes of an operand that are taken beside rows of `targetBytes` bytes of the
+// target: the first `apart` bytes behind the target's first, each next one `drift` bytes further
+// behind.
+struct RowPairs {
+  int64_t apart, drift, bytes, targetBytes;
+};
+
+// Whether columns of one never meet columns of the other, however many rows there are: tiles of one
+// picture, also where one of them leaves rows out.
+bool ColumnsAreApart(const void* a, intptr_t aStride, int64_t aBytes, const void* b,
+                     intptr_t bStride, int64_t bBytes);
+
+// What is decided where the quick comparisons below do not tell.
+bool SomeRowsOverlap(int64_t apart, int64_t drift, int64_t bytes, int64_t targetBytes,
+                     int32_t rows);
+bool AreasOverlap(const void* a, intptr_t aStride, int64_t aRows, int64_t aBytes, const void* b,
+                  intptr_t bStride, int64_t bRows, int64_t bBytes);
+
+// For rules that take one row at a time: they mind rows of the same number alone. Rows of as many
+// bytes may coincide, sample for sample.
+VX_INLINE bool OverlapsInPart(RowPairs pairs, int32_t rows) {
+  const uint64_t first = static_cast<uint64_t>(pairs.apart),
+                 last = first + ReachOf(rows, pairs.drift),
+                 bytes = static_cast<uint64_t>(pairs.bytes),
+                 targetBytes = static_cast<uint64_t>(pairs.targetBytes);
+  // Mostly the first and the last row lie on one side: two signs in one comparison each.
+  const auto behind = static_cast<int64_t>((first - targetBytes) | (last - targetBytes));
+  const auto ahead = static_cast<int64_t>((0 - first - bytes) | (0 - last - bytes));
+  if (__builtin_expect(behind >= 0 || ahead >= 0, 1)) return false;
+  // Scalars, as a structure would be stored ahead of the comparisons.
+  return SomeRowsOverlap(pairs.apart, pairs.drift, pairs.bytes, pairs.targetBytes, rows);
+}
+template <class T>
+VX_INLINE bool OverlapsInPart(PlaneOf<T> plane, TargetOf<T> to, int32_t rows, int32_t columns) {
+  const int64_t bytes = int64_t{columns} * int64_t{sizeof(T)};
+  return OverlapsInPart(
+      {AddressOf(plane.row) - AddressOf(to.row), int64_t{plane.stride} - to.stride, bytes, bytes},
+      rows);
+}
+template <class To>
+VX_INLINE bool OverlapsInPart(Constant, To, int32_t, int32_t) {
+  return false;
+}
+
+// Whether a target of two planes does so with itself.
+template <class To>
+VX_INLINE bool OverlapsItself(To, int32_t, int32_t) {
+  return false;
+}
+template <class T>
+VX_INLINE bool OverlapsItself(TwoTargetsOf<T> to, int32_t rows, int32_t columns) {
+  return OverlapsInPart(PlaneOf<T>{to.second.row, to.second.stride}, to.first, rows, columns);
+}
+
+// Rows of samples as they lie in memory, at least one row of at least a byte.
+struct PlaneArea {
+  const void* first;
+  intptr_t stride;
+  int64_t rows, bytes;
+
+  // Whether rows share bytes with one another.
+  VX_INLINE bool OverlapsItself() const {
+    return rows > 1 && (stride < 0 ? -stride : stride) < bytes;
+  }
+  // The address of the lowest byte, and that behind the highest.
+  VX_INLINE uint64_t Low() const { return Address() + (stride < 0 ? ReachOf(rows, stride) : 0); }
+  VX_INLINE uint64_t End() const {
+    return Address() + (stride < 0 ? 0 : ReachOf(rows, stride)) + static_cast<uint64_t>(bytes);
+  }
+
+ private:
+  VX_INLINE uint64_t Address() const { return reinterpret_cast<uintptr_t>(first); }
+};
+
+// For kernels that read several rows for one, or write several at once: whether any byte of one
+// is a byte of the other. Two tiles of one picture have none in common, though their addresses
+// cross. Where strides differ, rows that come to lie over one another in some picture count as
+// common bytes.
+VX_INLINE bool Overlap(PlaneArea a, PlaneArea b) {
+  const auto isBehind = [](uint64_t start, uint64_t end)
+                            VX_INLINED { return static_cast<int64_t>(start - end) >= 0; };
+  if (isBehind(b.Low(), a.End()) || isBehind(a.Low(), b.End())) return false;
+  return AreasOverlap(a.first, a.stride, a.rows, a.bytes, b.first, b.stride, b.rows, b.bytes);
 }
 
 }  // namespace vantrix

@@ -6,7 +6,7 @@
 // samples: a row is worked on in whatever order and width is quickest.
 #pragma once
 
-#include "common/operands.h"
+#include "common/overlap.h"
 
 namespace vantrix {
 
@@ -24,8 +24,8 @@ VX_INLINE void ApplyAt(Place place, Rule rule, To to, From... from) {
 }
 
 // Under a plane of weights: a rule that weights another brings that as `full`.
-template <class V, class Rule, class Source>
-VX_INLINE void ApplyAt(Block<V> block, Rule rule, Target to, Source source, Weights weights) {
+template <class V, class Rule, class To, class Source>
+VX_INLINE void ApplyAt(Block<V> block, Rule rule, To to, Source source, Weights weights) {
   if constexpr (kLaneCount<V> > 1) {
     const auto cover = weights.CoverAt(block);
     if (cover == Weights::kNone) return;
@@ -40,11 +40,12 @@ inline constexpr intptr_t kRegistersToAlign = 12;
 
 // The last block reaches back over the one before, so it is computed first, from the
 // original samples, and stored last; so is a first one that reaches over the boundary.
-template <class V, class Rule, class To, class... From>
-VX_INLINE void ApplyToRow(Blocks<V> blocks, Rule rule, To to, From... from) {
+template <class V, int kMost, class Rule, class To, class... From>
+VX_INLINE void ApplyToRow(Blocks<V, kMost> blocks, Rule rule, To to, From... from) {
   const auto apply = [=](auto block) VX_INLINED { ApplyAt(block, rule, to, from...); };
   const auto last = ResultAt(blocks.Last(), rule, to, from...);
-  if (sizeof(V) > 16 && blocks.end - blocks.start >= kRegistersToAlign * kLaneCount<V>) {
+  if (sizeof(V) > 16 && kMost == 0 &&
+      blocks.end - blocks.start >= kRegistersToAlign * kLaneCount<V>) {
     const auto first = ResultAt(blocks.First(), rule, to, from...);
     blocks.ForEachBeforeLast(to.template BoundaryAfter<sizeof(V)>(blocks.start), apply);
     to.Write(blocks.First(), first);
@@ -86,19 +87,37 @@ constexpr int FewestInRegister() {
     return 2;
 }
 
-// Applies rule to `rows` rows of `columns` samples; a count below 1 touches no
-// memory.
+// One sample after another. Its body stands in the units without instructions of their own, which
+// those of wider forms call too: it need be in the library once. Used: a compiler that sees no
+// other call than its own may leave a copy made for that one alone.
+template <class To, class Rule, class... From>
+[[gnu::noinline, gnu::used]] void BlendSingly(int32_t rows, int32_t columns, To to, Rule rule,
+                                              From... from)
+#if !defined(__SSSE3__)
+{
+  ForEachRow(
+      rows,
+      [=](auto... planes)
+          VX_INLINED { ApplyToRow(Singly<typename To::Sample>{columns}, rule, planes...); },
+      to, from...);
+}
+#else
+    ;
+#endif
+
+// Applies rule to `rows` rows of `columns` samples; a count below 1 touches no memory.
 //
-// An operand may be the target itself. One that overlaps it at an offset gives
-// whatever the order of work gives.
+// An operand may be the target itself, or overlap it in any way: then samples are taken singly.
 template <class Form, class To, class Rule, class... From>
 VX_INLINE void BlendRows(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
-  WithBlocks<Form, typename To::Sample, FewestInRegister<Rule>()>(
-      columns, [=](auto walk) VX_INLINED {
-        ForEachRow(
-            rows, [=](auto... planes) VX_INLINED { ApplyToRow(walk, rule, planes...); }, to,
-            from...);
-      });
+  if (rows < 1 || columns < 1) return;
+  const auto inRegisters = [=](auto walk) VX_INLINED {
+    ForEachRow(
+        rows, [=](auto... planes) VX_INLINED { ApplyToRow(walk, rule, planes...); }, to, from...);
+  };
+  if ((OverlapsInPart(from, to, rows, columns) || ... || OverlapsItself(to, rows, columns)) ||
+      !WithRegisters<Form, typename To::Sample, FewestInRegister<Rule>()>(columns, inRegisters))
+    BlendSingly(rows, columns, to, rule, from...);
 }
 
 }  // namespace vantrix

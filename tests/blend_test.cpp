@@ -90,13 +90,13 @@ OnPairs* OnPairsOf(const TestedBuild& build) {
     OnPairs* onPairs;
   } shapes[] = {
       {host::ExercisePlaneBlend, PlaneOnPairs},
-      {host::ExerciseOverlappingPlaneBlend, PlaneOnPairs},
+      {host::ExercisePlaneBlend, PlaneOnPairs},
       {host::ExerciseOpacityBlend, OpacityOnPairs},
-      {host::ExerciseOverlappingOpacityBlend, OpacityOnPairs},
+      {host::ExerciseOpacityBlend, OpacityOnPairs},
       {host::ExerciseMaskedBlend, MaskedOnPairs},
-      {host::ExerciseOverlappingMaskedBlend, MaskedOnPairs},
+      {host::ExerciseMaskedBlend, MaskedOnPairs},
       {host::ExerciseColorMaskedBlend, ColorOnPairs},
-      {host::ExerciseOverlappingColorMaskedBlend, ColorOnPairs},
+      {host::ExerciseColorMaskedBlend, ColorOnPairs},
       {host::ExercisePlanesBlend, PlanesOnPairs},
       {host::ExerciseInvertBlend, InvertOnPairs},
       {host::ExerciseShareBlend, ShareOnPairs},
@@ -215,6 +215,88 @@ TEST(ThresholdTest, WritesNoUnselectedSampleOutsideItsBlocks) {
           Call<ColorMaskedBlend>(b.routine)(9, d + offset, below.data(), 1, columns, 1, 1);
         else
           Call<MaskFirstBlend>(b.routine)(one.data(), d + offset, 1, columns, 1, 1, 9);
+      }
+    }
+  }
+}
+
+// A tail behind blocks, which are written: it begins with a page that is read only.
+TEST(ThresholdTest, WritesNoUnselectedSampleBehindItsBlocks) {
+  const host::Arena arena(1, 2 * host::Arena::kPage);
+  uint8_t* const boundary = arena.Region(0) + host::Arena::kPage;
+  arena.SetWritable(0, 2 * host::Arena::kPage, false);
+  arena.SetWritable(0, host::Arena::kPage, true);
+  const Samples source(64, 9);
+  for (const TestedBuild& b : BlendBuilds({30, 31}))
+    for (int blocks = 16; blocks <= 48; blocks += 16) {
+      Samples mask(64, 200);
+      std::fill(mask.begin() + blocks, mask.end(), uint8_t{127});
+      for (int tail = 1; tail < 16; ++tail) {
+        uint8_t* const d = boundary - blocks;
+        d[blocks - 1] = 5;
+        if (b.slot == 30)
+          Call<MaskedBlend>(b.routine)(source.data(), d, mask.data(), 1, blocks + tail, 1, 1, 1);
+        else
+          Call<ColorMaskedBlend>(b.routine)(9, d, mask.data(), 1, blocks + tail, 1, 1);
+        EXPECT_EQ(d[blocks - 1], 9);
+      }
+    }
+}
+
+// Rows of at most 4096 samples are taken as they were before each row is written.
+TEST(CopiedRowsTest, EndAtFourThousandNinetySixSamples) {
+  const auto blended = [](Routine routine, int columns) {
+    Samples plane(4200);
+    for (size_t i = 0; i < plane.size(); ++i) plane[i] = static_cast<uint8_t>(i * 7 + i / 9);
+    Call<PlaneBlend>(routine)(plane.data(), plane.data() + 3, 1, columns, 4200, 4200);
+    return plane;
+  };
+  for (const TestedBuild& b : BlendBuilds({27, 49, 52}))
+    for (const int columns : {4095, 4096, 4097})
+      EXPECT_EQ(blended(b.routine, columns), blended(ReferenceOf(b)->routine, columns))
+          << NameOf(b) << ' ' << columns;
+}
+
+// Of masked lighten and darken a sample is left alone whose source is not lighter or darker: in
+// rows without a whole block, and in blocks in which that is so of all samples.
+TEST(ExtremesInPartTest, WriteNoSampleThatTheyLeaveAlone) {
+  const host::Arena arena(1, host::Arena::kPage);
+  uint8_t* const d = arena.Region(0);
+  std::fill(d, d + host::Arena::kPage, uint8_t{100});
+  arena.SetWritable(0, host::Arena::kPage, false);
+  const Samples lighter(512, 101), same(512, 100), darker(512, 99), full(512, 255);
+  for (const TestedBuild& b : BlendBuilds({7, 8, 10, 11})) {
+    const bool lightens = b.slot >= 10;
+    for (int offset = 0; offset < 16; ++offset) {
+      for (int columns = 1; columns < 200; ++columns) {
+        for (const Samples& source : {same, lightens ? darker : lighter}) {
+          if (b.slot == 7 || b.slot == 10)
+            Call<MaskedBlend>(b.routine)(source.data(), d + offset, full.data(), 1, columns, 1, 1,
+                                         1);
+          else
+            Call<ColorMaskedBlend>(b.routine)(source[0], d + offset, full.data(), 1, columns, 1, 1);
+        }
+      }
+    }
+  }
+}
+
+// One sample that changes lies in a head or a tail, the others beside it on another page.
+TEST(ExtremesInPartTest, WriteNothingBesideASampleThatChanges) {
+  const host::Arena arena(1, 2 * host::Arena::kPage);
+  uint8_t* const boundary = arena.Region(0) + host::Arena::kPage;
+  std::fill(arena.Region(0), boundary + 64, uint8_t{100});
+  arena.SetWritable(0, host::Arena::kPage, false);
+  const Samples full(64, 255);
+  for (const TestedBuild& b : BlendBuilds({7, 10})) {
+    for (int before = 1; before < 16; ++before) {
+      for (int at = 0; at < 16 - before; ++at) {
+        Samples source(32, 100);
+        source[static_cast<size_t>(before + at)] = b.slot == 10 ? 255 : 0;
+        boundary[at] = 100;
+        Call<MaskedBlend>(b.routine)(source.data(), boundary - before, full.data(), 1,
+                                     before + at + 1, 1, 1, 1);
+        EXPECT_EQ(boundary[at], b.slot == 10 ? 255 : 0) << NameOf(b) << before << at;
       }
     }
   }

@@ -178,6 +178,28 @@ void NoteFill(uint8_t* destination, int32_t bytes, uint32_t value) {
   calls.push_back({nullptr, destination, bytes, value});
 }
 
+// An output row at every place about the rows that it is made of.
+TEST(VerticalTest, EqualsTheReferenceWhereverItsRowsCross) {
+  constexpr int kWidth = 37, kTaps = 3, kBelow = 150;
+  const int32_t offsets[] = {0};
+  const uint8_t phases[] = {0};
+  const int16_t weights[] = {5000, 7000, 4384, 0};
+  const host::Reference* const reference = host::FindReference(host::Catalog()[kResample], 6);
+  const auto filtered = [&](Routine routine, int stride, int at) {
+    Samples memory(500);
+    for (size_t i = 0; i < memory.size(); ++i) memory[i] = static_cast<uint8_t>(i * i + 13 * i);
+    uint8_t* const source = memory.data() + 250;
+    Call<FilterVertical<uint8_t>>(routine)(source, source + at, 1, kWidth, offsets, phases, stride,
+                                           kWidth, kTaps, weights);
+    return memory;
+  };
+  for (FilterVertical<uint8_t>* filter : BuildsOf<FilterVertical<uint8_t>>(kResample, 6))
+    for (const int stride : {40, -40})
+      for (int at = -kBelow; at < kBelow; ++at)
+        ASSERT_EQ(filtered(AsRoutine(filter), stride, at), filtered(reference->routine, stride, at))
+            << stride << ' ' << at;
+}
+
 // The routines that stand in the table when the kernel runs.
 TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   Routine live[4] = {AsRoutine(NoteCopy), nullptr, nullptr, AsRoutine(NoteFill)};
@@ -209,6 +231,8 @@ TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   int64_t copied = 0;
   for (const MemoryCall& call : calls) {
     EXPECT_EQ(reinterpret_cast<intptr_t>(call.source), reinterpret_cast<intptr_t>(bytes) + copied);
+    EXPECT_EQ(reinterpret_cast<intptr_t>(call.destination),
+              reinterpret_cast<intptr_t>(target) + copied);
     copied += call.bytes;
   }
   EXPECT_EQ(copied, int64_t{4} * INT_MAX) << "more than one count can tell";

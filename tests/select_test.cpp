@@ -2,10 +2,12 @@
 // values worked out by hand.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "plugin/suites.h"
 #include "suites/select/classify.h"
+#include "suites/select/in_order.h"
 #include "suites/select/marks.h"
 #include "suites/select/propagate.h"
 #include "tests/builds.h"
@@ -129,6 +131,100 @@ void ExpectLine(Signature* propagate, std::vector<T> priority, std::vector<T> va
             sizeof(T));
   EXPECT_EQ(priority, priorityAfter);
   EXPECT_EQ(value, valueAfter);
+}
+
+// Of a row that fills no block only entries that change are written: the others lie on a page that
+// is read only.
+TEST(SpreadMarkTest, WritesInShortRowsOnlyWhatChanges) {
+  const host::Arena arena(1, 2 * host::Arena::kPage);
+  uint8_t* const boundary = arena.Region(0) + host::Arena::kPage;
+  std::fill(boundary, boundary + 16, uint8_t{3});
+  arena.SetWritable(0, 2 * host::Arena::kPage, false);
+  arena.SetWritable(0, host::Arena::kPage, true);
+  for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26))
+    for (int width = 2; width < 16; ++width)
+      for (int before = 1; before < width; ++before) {
+        uint8_t* const second = boundary - before;
+        std::fill(second - 100, boundary, uint8_t{3});
+        second[-100] = 255;
+        spread(second - 100, 2, width, 100);
+        EXPECT_EQ(second[0], 131);
+      }
+}
+
+// Whether entries are apart, against all of them one by one: never wrongly so, and always where
+// lines lie as in a picture.
+TEST(PropagateTest, TellsEntriesThatAreApart) {
+  uint32_t state = 1;
+  const auto between = [&](int low, int high) {
+    state = state * 1664525 + 1013904223;
+    return low + static_cast<int>((state >> 8) % static_cast<uint32_t>(high - low + 1));
+  };
+  static const uint16_t memory[4000] = {};
+  for (int i = 0; i < 20000; ++i) {
+    const int lines = between(1, 6), length = between(1, 6);
+    const int lineStep = between(-9, 9), entryStep = between(-9, 9);
+    const uint16_t *const priority = memory + 2000, *const value = priority + between(-70, 70);
+    std::vector<const uint16_t*> entries;
+    for (const uint16_t* first : {priority, value})
+      for (int line = 0; line < lines; ++line)
+        for (int entry = 0; entry < length; ++entry)
+          entries.push_back(first + line * lineStep + entry * entryStep);
+    std::ranges::sort(entries);
+    const bool areApart = std::ranges::adjacent_find(entries) == entries.end();
+    const bool told = EntriesAreApart(priority, value, lines, length, lineStep, entryStep);
+    EXPECT_LE(told, areApart) << lines << ' ' << length << ' ' << lineStep << ' ' << entryStep;
+  }
+  // Rows of 20 in a picture of 100, one plane beside the other or below it, along rows and down.
+  for (const int to : {20, 80, 1000})
+    for (const int back : {1, -1}) {
+      EXPECT_TRUE(EntriesAreApart(memory, memory + to, 20, 10, back, 100));
+      EXPECT_TRUE(EntriesAreApart(memory, memory + to, 10, 20, 100, back));
+    }
+}
+
+// What does not change is not written: an empty mask may be read only.
+TEST(SpreadMarkTest, WritesNoRowThatStaysAsItIs) {
+  const host::Arena arena(1, 2 * host::Arena::kPage);
+  uint8_t* const first = arena.Region(0);
+  std::fill(first, first + 2 * host::Arena::kPage, uint8_t{127});
+  uint8_t* const boundary = first + host::Arena::kPage;
+  arena.SetWritable(0, host::Arena::kPage, false);
+  for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26)) {
+    for (int width = 1; width < 140; ++width) {
+      spread(first, 20, width, 200);
+      // Rows about the boundary, of which the second one behind it is marked.
+      std::fill(boundary, boundary + 200 * 4, uint8_t{127});
+      boundary[200] = 255;
+      spread(boundary - 200 * 3, 7, width, 200);
+      EXPECT_EQ(boundary[0], 255);
+    }
+  }
+}
+
+TEST(PropagateTest, WritesNoEntryThatKeepsItsOwn) {
+  const host::Arena arena(2, host::Arena::kPage);
+  const auto protect = [&](bool isWritable) {
+    for (int plane = 0; plane < 2; ++plane)
+      arena.SetWritable(plane, host::Arena::kPage, isWritable);
+  };
+  auto* const priority = arena.Region(0);
+  auto* const value = arena.Region(1);
+  protect(false);
+  // All empty, in lines side by side and along rows.
+  for (Propagate8Routine* propagate : BuildsOf<Propagate8Routine>(kSelect, 35))
+    for (int lines = 1; lines < 140; ++lines) {
+      propagate(priority, value, lines, 20, 1, 140);
+      propagate(priority, value, 20, lines, 140, 1);
+    }
+  for (Propagate16Routine* propagate : BuildsOf<Propagate16Routine>(kSelect, 73))
+    for (int lines = 1; lines < 70; ++lines) {
+      propagate(reinterpret_cast<uint16_t*>(priority), reinterpret_cast<uint16_t*>(value), lines,
+                20, 2, 140);
+      propagate(reinterpret_cast<uint16_t*>(priority), reinterpret_cast<uint16_t*>(value), 20,
+                lines, 140, 2);
+    }
+  protect(true);
 }
 
 TEST(PropagateTest, FollowsTheRuleAlongALine) {

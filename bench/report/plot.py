@@ -35,7 +35,7 @@ def classes(results):
     """Titles with their kernels, each with its bars."""
     for title, cases in CLASSES:
         kernels = [(results.name(case), list(bars(results, case))) for case in cases
-                   if results.has(case, "limit", CACHED) and not case.endswith("disc")]
+                   if results.has(case, "limit", CACHED) and not case.endswith(("disc", "tiles"))]
         if kernels:
             yield title, kernels
 

@@ -4,97 +4,59 @@
 namespace vantrix::host {
 namespace {
 
-// How an operand may lie to the destination.
-enum class Lies { kApart, kApartOrSame, kAnyhow };
-
 // An operand plane: mostly apart; now and then the destination itself, or somewhere
 // over it with another stride.
-PlaneView Operand(Scene& scene, Shape shape, PlaneView destination, Lies lies) {
+PlaneView Operand(Scene& scene, Shape shape, PlaneView destination) {
   Choices& choose = scene.Choose();
-  if (scene.IsMeasured() || lies == Lies::kApart || !choose.OneIn(4)) return scene.Bytes(shape);
-  if (lies == Lies::kApartOrSame || choose.OneIn(4)) return destination;
-  // Beyond 4096 samples an overlap has no defined result.
-  if (shape.rows < 1 || shape.columns < 1 || shape.columns > 4096) return destination;
+  if (scene.IsMeasured() || !choose.OneIn(4)) return scene.Bytes(shape);
+  if (choose.OneIn(4) || shape.rows < 1 || shape.columns < 1) return destination;
   return scene.Over(shape, destination);
-}
-
-PlaneView Destination(Scene& scene, Shape shape, Lies lies) {
-  return lies == Lies::kAnyhow ? scene.RoomyBytes(shape) : scene.Bytes(shape);
-}
-
-template <Lies kLies>
-void PlaneBlendScene(Routine routine, Scene& scene) {
-  const Shape shape = scene.ChooseShape();
-  const PlaneView d = Destination(scene, shape, kLies), s = Operand(scene, shape, d, kLies);
-  scene.Call<PlaneBlend>(routine, s.first, d.first, shape.rows, shape.columns, s.stride, d.stride);
-}
-
-template <Lies kLies>
-void OpacityBlendScene(Routine routine, Scene& scene) {
-  const Shape shape = scene.ChooseShape();
-  const PlaneView d = Destination(scene, shape, kLies), s = Operand(scene, shape, d, kLies);
-  scene.Call<OpacityBlend>(routine, s.first, d.first, shape.rows, shape.columns, s.stride, d.stride,
-                           scene.AnyByte());
-}
-
-template <Lies kLies>
-void MaskedBlendScene(Routine routine, Scene& scene) {
-  const Shape shape = scene.ChooseShape();
-  const PlaneView d = Destination(scene, shape, kLies);
-  const PlaneView s = Operand(scene, shape, d, kLies), m = Operand(scene, shape, d, kLies);
-  scene.Call<MaskedBlend>(routine, s.first, d.first, m.first, shape.rows, shape.columns, s.stride,
-                          d.stride, m.stride);
-}
-
-template <Lies kLies>
-void ColorMaskedBlendScene(Routine routine, Scene& scene) {
-  const Shape shape = scene.ChooseShape();
-  const PlaneView d = Destination(scene, shape, kLies), m = Operand(scene, shape, d, kLies);
-  scene.Call<ColorMaskedBlend>(routine, scene.AnyByte(), d.first, m.first, shape.rows,
-                               shape.columns, d.stride, m.stride);
 }
 
 }  // namespace
 
 void ExercisePlaneBlend(Routine routine, Scene& scene) {
-  PlaneBlendScene<Lies::kApartOrSame>(routine, scene);
+  const Shape shape = scene.ChooseShape();
+  const PlaneView d = scene.RoomyBytes(shape), s = Operand(scene, shape, d);
+  scene.Call<PlaneBlend>(routine, s.first, d.first, shape.rows, shape.columns, s.stride, d.stride);
 }
+
 void ExerciseOpacityBlend(Routine routine, Scene& scene) {
-  OpacityBlendScene<Lies::kApartOrSame>(routine, scene);
+  const Shape shape = scene.ChooseShape();
+  const PlaneView d = scene.RoomyBytes(shape), s = Operand(scene, shape, d);
+  scene.Call<OpacityBlend>(routine, s.first, d.first, shape.rows, shape.columns, s.stride, d.stride,
+                           scene.AnyByte());
 }
+
 void ExerciseMaskedBlend(Routine routine, Scene& scene) {
-  MaskedBlendScene<Lies::kApartOrSame>(routine, scene);
+  const Shape shape = scene.ChooseShape();
+  const PlaneView d = scene.RoomyBytes(shape);
+  const PlaneView s = Operand(scene, shape, d), m = Operand(scene, shape, d);
+  scene.Call<MaskedBlend>(routine, s.first, d.first, m.first, shape.rows, shape.columns, s.stride,
+                          d.stride, m.stride);
 }
+
 void ExerciseColorMaskedBlend(Routine routine, Scene& scene) {
-  ColorMaskedBlendScene<Lies::kApartOrSame>(routine, scene);
-}
-void ExerciseOverlappingPlaneBlend(Routine routine, Scene& scene) {
-  PlaneBlendScene<Lies::kAnyhow>(routine, scene);
-}
-void ExerciseOverlappingOpacityBlend(Routine routine, Scene& scene) {
-  OpacityBlendScene<Lies::kAnyhow>(routine, scene);
-}
-void ExerciseOverlappingMaskedBlend(Routine routine, Scene& scene) {
-  MaskedBlendScene<Lies::kAnyhow>(routine, scene);
-}
-void ExerciseOverlappingColorMaskedBlend(Routine routine, Scene& scene) {
-  ColorMaskedBlendScene<Lies::kAnyhow>(routine, scene);
+  const Shape shape = scene.ChooseShape();
+  const PlaneView d = scene.RoomyBytes(shape), m = Operand(scene, shape, d);
+  scene.Call<ColorMaskedBlend>(routine, scene.AnyByte(), d.first, m.first, shape.rows,
+                               shape.columns, d.stride, m.stride);
 }
 
 void ExercisePlanesBlend(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Bytes(shape);
-  const PlaneView a = Operand(scene, shape, d, Lies::kApartOrSame);
-  const PlaneView b = Operand(scene, shape, d, Lies::kApartOrSame);
+  const PlaneView d = scene.RoomyBytes(shape);
+  const PlaneView a = Operand(scene, shape, d);
+  const PlaneView b = Operand(scene, shape, d);
   scene.Call<PlanesBlend>(routine, a.first, d.first, b.first, shape.rows, shape.columns, a.stride,
                           d.stride, b.stride);
 }
 
 void ExerciseInvertBlend(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Bytes(shape);
-  const PlaneView a = Operand(scene, shape, d, Lies::kApartOrSame);
-  const PlaneView b = Operand(scene, shape, d, Lies::kApartOrSame);
+  const PlaneView d = scene.RoomyBytes(shape);
+  const PlaneView a = Operand(scene, shape, d);
+  const PlaneView b = Operand(scene, shape, d);
   const auto flag = [&] {
     return scene.Narrow(
         static_cast<uint8_t>(scene.Choose().OneIn(2) ? scene.Choose().Below(256) : 0));
@@ -106,13 +68,13 @@ void ExerciseInvertBlend(Routine routine, Scene& scene) {
 
 void ExerciseShareBlend(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView p = scene.Bytes(shape), q = scene.Bytes(shape);
+  const PlaneView p = scene.RoomyBytes(shape), q = Operand(scene, shape, p);
   scene.Call<ShareBlend>(routine, q.first, p.first, shape.rows, shape.columns, q.stride, p.stride);
 }
 
 void ExerciseMaskFirstBlend(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Bytes(shape), m = Operand(scene, shape, d, Lies::kApartOrSame);
+  const PlaneView d = scene.RoomyBytes(shape), m = Operand(scene, shape, d);
   scene.Call<MaskFirstBlend>(routine, m.first, d.first, shape.rows, shape.columns, m.stride,
                              d.stride, scene.AnyByte());
 }

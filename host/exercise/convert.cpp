@@ -24,7 +24,9 @@ void ExerciseRescaleWords(Routine routine, Scene& scene) {
 
 void ExerciseExpand8To16(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Words(shape), s = scene.Bytes(shape);
+  const PlaneView d = scene.Words(shape);
+  const PlaneView s = scene.PerhapsWithin(scene.Bytes(shape), shape, shape.columns, d, shape.rows,
+                                          2 * shape.columns);
   scene.Call<Expand8To16Routine>(routine, s.first, d.Words(), shape.rows, shape.columns, s.stride,
                                  PerhapsOdd(scene, d.stride));
 }

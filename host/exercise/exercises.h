@@ -5,12 +5,9 @@
 
 namespace vantrix::host {
 
-// Operands apart from the destination, or the destination itself.
+// Operands apart from what is written, the same, or over it in any way.
 Exercise ExercisePlaneBlend, ExerciseOpacityBlend, ExerciseMaskedBlend, ExerciseColorMaskedBlend,
     ExercisePlanesBlend, ExerciseInvertBlend, ExerciseShareBlend, ExerciseMaskFirstBlend;
-// Operands that lie over the destination in any way.
-Exercise ExerciseOverlappingPlaneBlend, ExerciseOverlappingOpacityBlend,
-    ExerciseOverlappingMaskedBlend, ExerciseOverlappingColorMaskedBlend;
 
 Exercise ExerciseDeviation, ExerciseConvolve, ExerciseBlockSAD, ExerciseBlockSignedSAD;
 template <int kSpan>

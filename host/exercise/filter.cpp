@@ -15,6 +15,11 @@ PlaneView Bordered(Scene& scene, Shape shape, int32_t rows, int32_t columns) {
   return view;
 }
 
+// A destination apart, or over the middle of a source.
+PlaneView Beneath(Scene& scene, PlaneView apart, Shape shape, PlaneView source) {
+  return scene.PerhapsWithin(apart, shape, shape.columns, source, shape.rows, shape.columns);
+}
+
 // Blocks lie at multiples of 16.
 PlaneView Block(Scene& scene) { return scene.Run(128, 16); }
 
@@ -22,7 +27,8 @@ PlaneView Block(Scene& scene) { return scene.Run(128, 16); }
 
 void ExerciseDeviation(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Bytes(shape), s = Bordered(scene, shape, 1, 1);
+  const PlaneView apart = scene.Bytes(shape), s = Bordered(scene, shape, 1, 1);
+  const PlaneView d = Beneath(scene, apart, shape, s);
   const int before = services.polls;
   scene.Call<DeviationRoutine>(routine, s.first, d.first, shape.rows, shape.columns, s.stride,
                                d.stride);
@@ -43,7 +49,9 @@ void ExerciseConvolve(Routine routine, Scene& scene) {
              : range < 3 ? choose.Between(8, 20)
                          : choose.Between(-1, 7);
   }
-  const PlaneView d = scene.Bytes(shape), s = Bordered(scene, shape, std::max(0, radius), 0);
+  const PlaneView apart = scene.Bytes(shape);
+  const PlaneView s = Bordered(scene, shape, std::max(0, radius), 0);
+  const PlaneView d = Beneath(scene, apart, shape, s);
   // Weights of a mean; small ones, whose sum may wrap; any, with bits above the 16 that count.
   const int32_t taps = std::max(0, 2 * radius + 1);
   std::vector<uint8_t> memory(84 + 4 * static_cast<size_t>(taps));
@@ -76,7 +84,9 @@ void ExerciseFloatBlock(Routine routine, Scene& scene) {
   const int32_t count = scene.IsMeasured() ? scene.ChooseShape().rows * scene.ChooseShape().columns
                                            : choose.Between(0, 5 * kSpan);
   const int32_t outputs = count < kSpan ? 0 : (count - kSpan) / 4 * 4 + 4;
-  const PlaneView output = scene.Run(outputs * 4, 4), input = scene.Run(count * 4, 4);
+  const PlaneView apart = scene.Run(outputs * 4, 4), input = scene.Run(count * 4, 4);
+  const PlaneView output =
+      scene.PerhapsWithin(apart, {1, outputs}, outputs * 4, input, 1, count * 4, 4);
   const PlaneView matrix = scene.Run(4 * kSpan * 4, 4);
   // Numbers of a few magnitudes and both zeros, so that the order of additions shows.
   const auto plant = [&](PlaneView view, int32_t floats) {

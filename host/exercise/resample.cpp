@@ -89,7 +89,7 @@ void ExerciseBoxAverageRows(Routine routine, Scene& scene) {
   Choices& choose = scene.Choose();
   Shape shape = scene.ChooseShape();
   if (scene.IsMeasured()) shape.rows /= 3;
-  const PlaneView d = scene.Bytes(shape);
+  const PlaneView apart = scene.Bytes(shape);
   int32_t* const counts = ListOf(scene, shape.rows);
   const int32_t mostRows = shape.columns < 400 ? 1000 : 100;
   int32_t row = 0, sourceRows = 0;
@@ -103,6 +103,8 @@ void ExerciseBoxAverageRows(Routine routine, Scene& scene) {
   if (!scene.IsMeasured() && shape.rows > 0 && choose.OneIn(8))
     counts[shape.rows - 1] = kFarBack[choose.Below(8)];
   const PlaneView s = scene.Bytes({sourceRows, shape.columns});
+  const PlaneView d =
+      scene.PerhapsWithin(apart, shape, shape.columns, s, sourceRows, shape.columns);
   scene.Call<BoxAverageRows>(routine, s.first, d.first, shape.rows, shape.columns, counts, s.stride,
                              d.stride);
 }
@@ -122,10 +124,11 @@ void ExerciseBoxAverageArea(Routine routine, Scene& scene) {
     if (isSmall && choose.OneIn(6)) width = choose.Between(1, 2), height = choose.Between(120, 260);
     if (isSmall && choose.OneIn(6)) width = choose.Between(2025, 2060), height = 1;
   }
-  const PlaneView d = scene.Bytes(shape);
+  const PlaneView apart = scene.Bytes(shape);
   const bool isEmpty = shape.rows < 1 || shape.columns < 1 || width < 1 || height < 1;
-  const PlaneView s =
-      scene.Bytes(isEmpty ? Shape{0, 0} : Shape{shape.rows * height, shape.columns * width});
+  const Shape from = isEmpty ? Shape{0, 0} : Shape{shape.rows * height, shape.columns * width};
+  const PlaneView s = scene.Bytes(from);
+  const PlaneView d = scene.PerhapsWithin(apart, shape, shape.columns, s, from.rows, from.columns);
   scene.Call<BoxAverageArea>(routine, s.first, d.first, shape.rows, shape.columns, width, height,
                              s.stride, d.stride);
 }
@@ -134,7 +137,7 @@ void ExerciseBoxAverageArea(Routine routine, Scene& scene) {
 void ExerciseResampleRowsStepped(Routine routine, Scene& scene) {
   Choices& choose = scene.Choose();
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Bytes(shape);
+  const PlaneView apart = scene.Bytes(shape);
   int32_t* const lengths = ListOf(scene, shape.rows);
   constexpr int32_t kLengths[] = {0, 0, 1, 2, -1, INT_MAX, INT_MIN, INT_MIN + 1};
   for (int32_t y = 0; y < shape.rows; ++y) {
@@ -149,15 +152,18 @@ void ExerciseResampleRowsStepped(Routine routine, Scene& scene) {
   }
   // Three samples more on both sides of the source.
   const PlaneView s = scene.Bytes({shape.columns < 1 ? 0 : shape.rows, shape.columns + 6});
+  const PlaneView d =
+      scene.PerhapsWithin(apart, shape, shape.columns, s, shape.rows, shape.columns + 6);
   scene.Call<ResampleRowsStepped>(routine, s.first + 3, d.first, shape.rows, shape.columns, lengths,
                                   s.stride, d.stride);
 }
 
 void ExerciseSampleAtPositions1D(Routine routine, Scene& scene) {
   const int32_t count = OutputCount(scene);
-  const PlaneView d = scene.Run(count);
+  const PlaneView apart = scene.Run(count);
   const int32_t length = scene.IsMeasured() ? 4096 : ChooseLength(scene.Choose());
   const PlaneView s = scene.Run(length);
+  const PlaneView d = scene.PerhapsWithin(apart, {1, count}, count, s, 1, length);
   int32_t* const list = ListOf(scene, count);
   Positions positions(scene, length);
   for (int32_t i = 0; i < count; ++i) list[i] = positions.Next();
@@ -167,10 +173,11 @@ void ExerciseSampleAtPositions1D(Routine routine, Scene& scene) {
 
 void ExerciseSampleAtPositions2D(Routine routine, Scene& scene) {
   const int32_t count = OutputCount(scene);
-  const PlaneView d = scene.Run(count);
+  const PlaneView apart = scene.Run(count);
   const int32_t width = scene.IsMeasured() ? 512 : ChooseLength(scene.Choose());
   const int32_t height = scene.IsMeasured() ? 512 : ChooseLength(scene.Choose());
   const PlaneView s = scene.Bytes({height, width});
+  const PlaneView d = scene.PerhapsWithin(apart, {1, count}, count, s, height, width);
   int32_t* const list = ListOf(scene, 2 * std::max(count, 0));
   Positions x(scene, width), y(scene, height);
   for (int32_t i = 0; i < count; ++i) list[2 * i] = x.Next(), list[2 * i + 1] = y.Next();

@@ -177,12 +177,14 @@ template <class Sample>
 void FilterHorizontally(Routine routine, Scene& scene, FilterSetting measured) {
   constexpr int32_t kSize = sizeof(Sample);
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Plane(shape, shape.columns * kSize, kSize);
+  const PlaneView apart = scene.Plane(shape, shape.columns * kSize, kSize);
   const bool isEmpty = shape.rows < 1 || shape.columns < 1;
   const FilterSetting setting = ChooseSetting(scene, shape, measured);
   const int32_t count = isEmpty ? 0 : shape.columns;
   const int32_t items = ChooseItems(scene, setting, count);
   const PlaneView s = SourcePlane<Sample>(scene, {isEmpty ? 0 : shape.rows, items});
+  const PlaneView d =
+      scene.PerhapsWithin(apart, shape, shape.columns * kSize, s, shape.rows, items * kSize, kSize);
   const Lists lists = MakeLists(scene, setting.taps, count, items, setting.scale);
   // Rows are unsigned; below 1 they are many, which only an empty width has nothing of.
   const auto rows = static_cast<uint32_t>(shape.columns < 1 ? shape.rows : std::max(shape.rows, 0));
@@ -196,12 +198,14 @@ template <class Sample>
 void FilterVertically(Routine routine, Scene& scene, FilterSetting measured) {
   constexpr int32_t kSize = sizeof(Sample);
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Plane(shape, shape.columns * kSize, kSize);
+  const PlaneView apart = scene.Plane(shape, shape.columns * kSize, kSize);
   const bool isEmpty = shape.rows < 1 || shape.columns < 1;
   const FilterSetting setting = ChooseSetting(scene, shape, measured);
   const int32_t count = isEmpty ? 0 : shape.rows;
   const int32_t items = ChooseItems(scene, setting, count);
   const PlaneView s = SourcePlane<Sample>(scene, {isEmpty ? 0 : items, shape.columns});
+  const PlaneView d = scene.PerhapsWithin(apart, shape, shape.columns * kSize, s, items,
+                                          shape.columns * kSize, kSize);
   const Lists lists = MakeLists(scene, setting.taps, count, items, setting.scale);
   // What a stride has above whole samples does not count.
   const auto stride = [&](int32_t bytes) {

@@ -204,6 +204,38 @@ PlaneView Scene::Over(Shape shape, PlaneView other) {
   return view;
 }
 
+PlaneView Scene::PerhapsFolded(PlaneView plane, Shape shape, int32_t rowBytes, int32_t unit) {
+  if (IsMeasured() || IsPinned() || !choices_.OneIn(8)) return plane;
+  if (shape.rows < 1 || shape.columns < 1) return plane;
+  if (plane.stride < 0) plane.first += ptrdiff_t{shape.rows - 1} * plane.stride;
+  plane.stride = choices_.Between(0, std::min(rowBytes, std::abs(plane.stride))) / unit * unit;
+  return plane;
+}
+
+PlaneView Scene::PerhapsWithin(PlaneView apart, Shape shape, int32_t rowBytes, PlaneView other,
+                               int32_t rows, int32_t bytes, int32_t unit) {
+  if (IsMeasured() || IsPinned() || !choices_.OneIn(4))
+    return PerhapsFolded(apart, shape, rowBytes, unit);
+  if (shape.rows < 1 || shape.columns < 1 || rows < 1 || bytes < 1) return apart;
+  // The same stride, as in a picture, one of its own, or the other way up.
+  int32_t stride = other.stride;
+  if (choices_.OneIn(3)) stride = (rowBytes + choices_.Between(0, 8)) / unit * unit;
+  if (choices_.OneIn(4)) stride = -stride;
+  const auto reach = [](int32_t count, int32_t step) { return ptrdiff_t{count - 1} * step; };
+  const ptrdiff_t otherReach = reach(rows, other.stride), ownReach = reach(shape.rows, stride);
+  const ptrdiff_t room = std::abs(otherReach) + bytes - std::abs(ownReach) - rowBytes;
+  if (room < 0) return apart;
+  // Near where the other's rows begin, or anywhere.
+  const ptrdiff_t start = otherReach < 0 ? -otherReach : 0;
+  ptrdiff_t at = choices_.Between(0, static_cast<int32_t>(room));
+  if (choices_.OneIn(2))
+    at = std::clamp<ptrdiff_t>(
+        start + choices_.Between(-1, 1) * other.stride + choices_.Between(-kReach, kReach), 0,
+        room);
+  uint8_t* const lowest = other.first - start + at / unit * unit;
+  return {lowest - (ownReach < 0 ? ownReach : 0), stride};
+}
+
 uint32_t Scene::AnyByte() {
   constexpr uint8_t kEdges[] = {0, 1, 127, 128, 254, 255};
   const uint32_t choice = choices_.Below(3);

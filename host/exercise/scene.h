@@ -77,6 +77,12 @@ class Scene {
   // One with room about it, and a plane of the same shape that lies somewhere over it.
   PlaneView RoomyBytes(Shape shape);
   PlaneView Over(Shape shape, PlaneView other);
+  // Mostly the plane; now and then one in the same bytes whose rows share some with one another.
+  PlaneView PerhapsFolded(PlaneView plane, Shape shape, int32_t rowBytes, int32_t unit = 1);
+  // Mostly `apart`; now and then that folded, or a plane of this shape that lies in the memory of
+  // another's rows, of which `rows` of `bytes` each may be read.
+  PlaneView PerhapsWithin(PlaneView apart, Shape shape, int32_t rowBytes, PlaneView other,
+                          int32_t rows, int32_t bytes, int32_t unit = 1);
   PlaneView Words(Shape shape) { return Plane(shape, shape.columns * 2, 2); }
   // A plane of another's geometry.
   PlaneView Twin(Shape shape, int32_t rowBytes, int32_t unit, PlaneView other);

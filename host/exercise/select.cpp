@@ -64,8 +64,26 @@ void PropagateScene(Routine routine, Scene& scene) {
   // Entries side by side, or as far apart as those of interleaved planes.
   const int32_t apart = scene.IsMeasured() || choose.OneIn(2) ? 1 : choose.Between(2, 4);
   const int32_t columns = shape.columns * apart;
-  const PlaneView priority = scene.Plane(shape, columns * kSize, kSize);
-  const PlaneView value = scene.Twin(shape, columns * kSize, kSize, priority);
+  PlaneView priority, value;
+  if (!scene.IsMeasured() && shape.rows > 0 && columns > 0 && choose.OneIn(6)) {
+    // Planes that share entries, or lie in one another's gaps.
+    constexpr int32_t kMore = 4;
+    const Shape both{shape.rows + 1, shape.columns + kMore};
+    const PlaneView plane = scene.Plane(both, (columns + kMore) * kSize, kSize);
+    const auto somewhere = [&]() {
+      const intptr_t row = choose.Between(0, 1), entry = choose.Between(0, kMore);
+      return PlaneView{plane.first + row * plane.stride + entry * kSize, plane.stride};
+    };
+    priority = somewhere();
+    value = somewhere();
+    // And the lines of one with one another.
+    if (choose.OneIn(2))
+      priority.stride = value.stride =
+          (plane.stride < 0 ? -kSize : kSize) * choose.Between(0, shape.columns);
+  } else {
+    priority = scene.Plane(shape, columns * kSize, kSize);
+    value = scene.Twin(shape, columns * kSize, kSize, priority);
+  }
   // Low priorities, which run out, as often as any.
   const uint32_t low = scene.IsMeasured() ? 3 : choose.Below(3);
   for (int32_t y = 0; y < shape.rows && low > 0; ++y)
@@ -104,7 +122,7 @@ void PropagateScene(Routine routine, Scene& scene) {
 
 void ExerciseSpreadMark(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView plane = scene.Bytes(shape);
+  const PlaneView plane = scene.PerhapsFolded(scene.Bytes(shape), shape, shape.columns);
   scene.Call<SpreadMarkRoutine>(routine, plane.first, shape.rows, shape.columns, plane.stride);
 }
 

@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 #include "host/exercise/exercises.h"
 #include "host/reference/reference.h"
@@ -13,18 +16,29 @@ namespace {
 int64_t LocalDeviation(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
                        int32_t sourceStride, int32_t destinationStride) {
   const int64_t answer = Poll();
-  ForEachSample(rows, columns, [&](int32_t y, int32_t x) {
-    int sum = 0, squares = 0;
-    for (int v = -1; v <= 1; ++v) {
-      for (int u = -1; u <= 1; ++u) {
-        const int s = At(source, y + v, x + u, sourceStride);
-        sum += s;
-        squares += s * s;
-      }
+  // Each source column as it was when the window reached it.
+  std::vector<std::array<int, 3>> column(static_cast<size_t>(std::max(columns, 0)) + 2);
+  for (int32_t y = 0; y < rows; ++y) {
+    const auto reach = [&](int32_t x) {
+      for (int v = -1; v <= 1; ++v)
+        column[static_cast<size_t>(x + 1)][static_cast<size_t>(v + 1)] =
+            At(source, y + v, x, sourceStride);
+    };
+    if (columns < 1) break;
+    reach(-1);
+    reach(0);
+    for (int32_t x = 0; x < columns; ++x) {
+      reach(x + 1);
+      int sum = 0, squares = 0;
+      for (int32_t u = 0; u < 3; ++u)
+        for (const int s : column[static_cast<size_t>(x + u)]) {
+          sum += s;
+          squares += s * s;
+        }
+      const int quotient = (9 * squares - sum * sum) / 21;
+      At(destination, y, x, destinationStride) = static_cast<uint8_t>(std::sqrt(quotient));
     }
-    const int quotient = (9 * squares - sum * sum) / 21;
-    At(destination, y, x, destinationStride) = static_cast<uint8_t>(std::sqrt(quotient));
-  });
+  }
   return answer;
 }
 
@@ -32,17 +46,24 @@ void ConvolveVertical(const uint8_t* source, uint8_t* destination, uint32_t rows
                       int32_t sourceStride, int32_t destinationStride,
                       const ConvolutionKernel* kernel) {
   const int32_t radius = kernel->radius;
+  if (columns > 4096) {
+    ConvolveVertical(source, destination, rows, 4096, sourceStride, destinationStride, kernel);
+    return ConvolveVertical(source + 4096, destination + 4096, rows, columns - 4096, sourceStride,
+                            destinationStride, kernel);
+  }
+  if (columns < 1) return;
+  std::vector<uint8_t> d(static_cast<size_t>(columns));
   for (uint32_t y = 0; y < rows; ++y) {
     const uint8_t* const centre = source + static_cast<intptr_t>(y) * sourceStride;
-    uint8_t* const d = destination + static_cast<intptr_t>(y) * destinationStride;
     for (int32_t x = 0; x < columns; ++x) {
       uint16_t sum = 128;
       for (int32_t k = 0; k <= 2 * radius; ++k) {
         const uint32_t s = centre[intptr_t{k - radius} * sourceStride + x];
         sum = static_cast<uint16_t>(sum + s * static_cast<uint16_t>(kernel->weights[k]));
       }
-      d[x] = static_cast<uint8_t>(sum >> 8);
+      d[static_cast<size_t>(x)] = static_cast<uint8_t>(sum >> 8);
     }
+    std::ranges::copy(d, destination + static_cast<intptr_t>(y) * destinationStride);
   }
 }
 

@@ -105,19 +105,16 @@ void Vertical(const Sample* source, Sample* destination, int32_t rows, int32_t w
   const auto taps = static_cast<int16_t>(tapCount);
   if (width < 1) return;
   for (int32_t y = 0; y < rows; ++y) {
+    const int64_t first = int64_t{offsets[y]} - (taps / 2 - 1);
+    Sample* const d = destination + y * destinationStride;
+    if (taps == 0 || taps == 1) {
+      std::memmove(d, source + first * sourceStride, static_cast<size_t>(width) * sizeof(Sample));
+      continue;
+    }
     for (int32_t x = 0; x < width; ++x) {
-      const auto tap = [&](int32_t k) {
-        const int64_t row = int64_t{offsets[y]} - (taps / 2 - 1) + k;
-        return source[row * sourceStride + x];
-      };
+      const auto tap = [&](int32_t k) { return source[(first + k) * sourceStride + x]; };
       const auto weight = [&](int32_t k) { return weights[phases[y] * taps + k]; };
-      Sample& result = destination[y * destinationStride + x];
-      if (taps == 0 || taps == 1) {
-        const Sample copied = tap(0);
-        std::memcpy(&result, &copied, sizeof copied);
-      } else {
-        result = Filtered<Sample>(taps, tap, weight);
-      }
+      d[x] = Filtered<Sample>(taps, tap, weight);
     }
   }
 }

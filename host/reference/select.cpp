@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <vector>
 
 #include "host/exercise/exercises.h"
@@ -8,8 +9,20 @@
 namespace vantrix::host {
 namespace {
 
+// Where rows share entries: each takes the marks of the row below it, then, from the last row on,
+// of the row above it.
+void SpreadMarkInPasses(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
+  for (int32_t y = 0; y + 1 < rows; ++y)
+    for (int32_t x = 0; x < width; ++x)
+      if (At(data, y + 1, x, rowBytes) >= 128) At(data, y, x, rowBytes) |= 128;
+  for (int32_t y = rows - 1; y >= 1; --y)
+    for (int32_t x = 0; x < width; ++x)
+      if (At(data, y - 1, x, rowBytes) >= 128) At(data, y, x, rowBytes) |= 128;
+}
+
 void SpreadMark(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   if (rows < 1 || width < 1) return;
+  if (std::abs(int64_t{rowBytes}) < width) return SpreadMarkInPasses(data, rows, width, rowBytes);
   std::vector<uint8_t> marked;
   ForEachSample(rows, width, [&](int32_t y, int32_t x) {
     bool isMarked = At(data, y, x, rowBytes) >= 128;
@@ -99,8 +112,8 @@ void WalkLine(T* priority, T* value, int32_t length, intptr_t step, T holds) {
     const T d = priority[(j - 1) * step], v = value[(j - 1) * step];
     const T carried = d > 1 ? static_cast<T>(d - 1) : d;
     if (carried == holds || priority[j * step] > carried) continue;
-    priority[j * step] = carried;
     value[j * step] = v;
+    priority[j * step] = carried;
   }
 }
 

@@ -17,7 +17,7 @@ void BlendBurnPlanes8(const uint8_t* base, uint8_t* destination, const uint8_t* 
                       int32_t blendStride);
 
 // p' = Screen(p, q), and then q' = Divide(p' - p, p'): what q added to the combined
-// plane, as a fraction of the new value. The two planes must not overlap at an offset.
+// plane, as a fraction of the new value.
 template <class Form>
 void BlendScreenShare8(uint8_t* share, uint8_t* combined, int32_t rows, int32_t columns,
                        int32_t shareStride, int32_t combinedStride);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "common/groups.h"
-#include "common/overlap.h"
 #include "common/rows.h"
 #include "suites/blend/extremes.h"
 
@@ -52,7 +51,8 @@ VX_INLINE void StoreChangedSteps(intptr_t x, intptr_t end, Rule rule, Target to,
 // At least a step of samples.
 template <class Form, class Rule>
 VX_INLINE void StoreChangedInRow(intptr_t count, Rule rule, Target to, Plane from) {
-  using Widest = Lanes < uint8_t, Form::kBytes<kStep ? Form::kBytes : kStep>;
+  constexpr int kWidest = Form::kBytes < kStep ? Form::kBytes : kStep;
+  using Widest = Lanes<uint8_t, kWidest>;
   const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kStoreBlock - 1);
   if (count - head < kStep) return ApplyToRow(Blocks<Widest>{count}, rule, to, from);
   const intptr_t end = head + (count - head) / kStep * kStep;
@@ -67,6 +67,7 @@ VX_INLINE void StoreChangedInRow(intptr_t count, Rule rule, Target to, Plane fro
 template <class Mode, class Form>
 void ChangedBlocks(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
                    int32_t sourceStride, int32_t destinationStride) {
+  if (rows < 1 || columns < 1) return;
   const Target target{destination, destinationStride};
   const Plane plane{source, sourceStride};
   const auto inEachRow = [=](auto work) VX_INLINED {
@@ -74,13 +75,13 @@ void ChangedBlocks(const uint8_t* source, uint8_t* destination, int32_t rows, in
         rows, [=](Target to, Plane from) VX_INLINED { work(columns, Mode{}, to, from); }, target,
         plane);
   };
+  if constexpr (Form::kBytes > 1)
+    if (columns < kStep) return BlendRows<Form>(rows, columns, target, Mode{}, plane);
   // Registers read samples before others are written.
   if (Form::kBytes == 1 || OverlapsInPart(plane, target, rows, columns))
     return inEachRow([](auto... row) VX_INLINED { ApplyInOrder(row...); });
-  if constexpr (Form::kBytes > 1) {
-    if (columns < kStep) return BlendRows<Form>(rows, columns, target, Mode{}, plane);
+  if constexpr (Form::kBytes > 1)
     inEachRow([](auto... row) VX_INLINED { StoreChangedInRow<Form>(row...); });
-  }
 }
 
 }  // namespace vantrix

@@ -2,8 +2,10 @@
 // source's, and says on which side of the destination it lies.
 //
 // A mode in part is then one product of the weight: added where the mode only rises,
-// taken away where it only falls. kCopiesRows: operands may overlap the destination
-// and are then taken as they were before the row.
+// taken away where it only falls. kCopiesRows: of operands that overlap the destination
+// a row of at most 4096 samples is taken as it was before the row. kLeavesAlone: under a mask,
+// samples that do not change are not written but in blocks in which another does; at full strength
+// ChangedBlocks serves such a mode.
 #pragma once
 
 #include "common/rounding.h"
@@ -18,6 +20,7 @@ namespace modes {
 struct Normal {
   static constexpr Moves kMoves = Moves::kEitherWay;
   static constexpr bool kCopiesRows = false;
+  static constexpr bool kLeavesAlone = false;
   template <class V>
   VX_INLINE V operator()(V, V s) const {
     return s;
@@ -27,6 +30,7 @@ struct Normal {
 struct Screen {
   static constexpr Moves kMoves = Moves::kUp;
   static constexpr bool kCopiesRows = true;
+  static constexpr bool kLeavesAlone = false;
   template <class V>
   VX_INLINE V operator()(V d, V s) const {
     return vantrix::Screen(s, d);
@@ -38,6 +42,7 @@ struct Screen {
 struct Overlay {
   static constexpr Moves kMoves = Moves::kEitherWay;
   static constexpr bool kCopiesRows = true;
+  static constexpr bool kLeavesAlone = false;
   template <class V>
   VX_INLINE V operator()(V d, V s) const {
     const auto light = IsLight(d);
@@ -50,6 +55,7 @@ struct Overlay {
 struct HardLight {
   static constexpr Moves kMoves = Moves::kEitherWay;
   static constexpr bool kCopiesRows = true;
+  static constexpr bool kLeavesAlone = false;
   template <class V>
   VX_INLINE V operator()(V d, V s) const {
     return ScreenOrMultiply(IsLight(s), s + s, d);
@@ -59,6 +65,7 @@ struct HardLight {
 struct Multiply {
   static constexpr Moves kMoves = Moves::kDown;
   static constexpr bool kCopiesRows = false;
+  static constexpr bool kLeavesAlone = false;
   template <class V>
   VX_INLINE V operator()(V d, V s) const {
     return vantrix::Multiply(s, d);
@@ -68,6 +75,7 @@ struct Multiply {
 struct Lighten {
   static constexpr Moves kMoves = Moves::kUp;
   static constexpr bool kCopiesRows = false;
+  static constexpr bool kLeavesAlone = true;
   template <class V>
   VX_INLINE V operator()(V d, V s) const {
     return s > d ? s : d;
@@ -77,6 +85,7 @@ struct Lighten {
 struct Darken {
   static constexpr Moves kMoves = Moves::kDown;
   static constexpr bool kCopiesRows = false;
+  static constexpr bool kLeavesAlone = true;
   template <class V>
   VX_INLINE V operator()(V d, V s) const {
     return s < d ? s : d;
@@ -88,7 +97,16 @@ struct Darken {
 // A mode in part: 0 keeps d, 255 gives the mode's sample r, rounded to nearest between.
 template <class Mode>
 struct Weighted {
+  static constexpr bool kReadsTarget = true;
   Mode full;
+  template <class V>
+  VX_INLINE auto Selects(V d, V s, V w) const {
+    return (*this)(d, s, w) != d;
+  }
+  template <class V>
+  VX_INLINE V Selected(V d, V s, V w) const {
+    return (*this)(d, s, w);
+  }
   template <class V>
   VX_INLINE V operator()(V d, V s, V w) const {
     const V r = full(d, s);

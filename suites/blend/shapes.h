@@ -7,10 +7,9 @@
 //
 // All are rounded to nearest: a weight of 0 keeps d and one of 255 gives Mode(d, s).
 //
-// An operand plane may be the destination itself. One whose rows overlap the
-// destination's at an offset has no defined result, except for screen, overlay and
-// hard light (Mode::kCopiesRows): there a row of at most 4096 samples behaves as if
-// its operands had been copied before it is written.
+// An operand plane may be the destination itself, or overlap it in any way: rows are taken in
+// order, and samples one by one. With screen, overlay and hard light (Mode::kCopiesRows) a
+// row of at most 4096 samples behaves as if its operands had been copied before it is written.
 //
 // Mode is one of modes.h; Form says how many samples are taken at once.
 #pragma once

@@ -1,15 +1,36 @@
 // Bodies of shapes.h, for the units that instantiate them.
 #pragma once
 
-#include "common/overlap.h"
+#include "suites/blend/copied_rows.h"
 #include "suites/blend/modes.h"
+#include "suites/blend/selected_rows.h"
 #include "suites/blend/shapes.h"
 
 namespace vantrix {
 
+// A rule that also tells what was read.
+template <class Rule>
+struct WithBefore : Rule {
+  template <class V, class... S>
+  VX_INLINE Change<V> operator()(V d, S... samples) const {
+    return {d, Rule::operator()(d, samples...)};
+  }
+};
+template <class Mode>
+struct WithBefore<Weighted<Mode>> : Weighted<Mode> {
+  WithBefore<Mode> full;
+  template <class V, class S>
+  VX_INLINE Change<V> operator()(V d, S s, V w) const {
+    return {d, Weighted<Mode>::operator()(d, s, w)};
+  }
+};
+
 template <class Mode, class Form, class Rule, class... From>
 VX_INLINE void BlendMode(int32_t rows, int32_t columns, Target to, Rule rule, From... from) {
-  if constexpr (Mode::kCopiesRows)
+  if constexpr (Mode::kLeavesAlone)
+    BlendSelected<Form>(rows, columns, ChangedGroupsTarget{to}, WithBefore<Rule>{rule, {}},
+                        from...);
+  else if constexpr (Mode::kCopiesRows)
     BlendRowsAsIfCopied<Form>(rows, columns, to, rule, from...);
   else
     BlendRows<Form>(rows, columns, to, rule, from...);
@@ -18,6 +39,7 @@ VX_INLINE void BlendMode(int32_t rows, int32_t columns, Target to, Rule rule, Fr
 template <class Mode, class Form>
 void AtFullStrength(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
                     int32_t sourceStride, int32_t destinationStride) {
+  static_assert(!Mode::kLeavesAlone, "ChangedBlocks serves it");
   BlendMode<Mode, Form>(rows, columns, Target{destination, destinationStride}, Mode{},
                         Plane{source, sourceStride});
 }

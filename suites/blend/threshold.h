@@ -4,8 +4,7 @@
 // the destination's 16-byte boundary every sample is written, with its own value where
 // it is not selected. Before and after them only selected samples are written.
 //
-// A source or mask may be the destination itself; at an offset, the overlap has no
-// defined result.
+// A source or mask may be the destination itself, or overlap it in any way.
 #pragma once
 
 #include "suites/blend/signatures.h"

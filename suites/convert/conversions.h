@@ -16,7 +16,7 @@ template <class Form>
 uint64_t RescaleWords(uint16_t* samples, uint32_t fromMaximum, uint32_t toMaximum, int32_t rows,
                       int32_t width, int32_t stride);
 
-// Each sample v becomes v x 32768 / 255, rounded to nearest. The planes must not overlap.
+// Each sample v becomes v x 32768 / 255, rounded to nearest.
 template <class Form>
 void Expand8To16(const uint8_t* source, uint16_t* destination, int32_t rows, int32_t width,
                  int32_t sourceStride, int32_t destinationStride);

@@ -6,7 +6,6 @@
 #include "suites/convert/conversions.h"
 
 namespace vantrix {
-namespace {
 
 constexpr uint32_t kFullRange = 0xFFFF, kHostRange = 0x8000;
 constexpr int kRescaleSlot = 19;
@@ -63,6 +62,12 @@ struct DoubledBytes {
   }
 };
 
+VX_INLINE bool OverlapsInPart(DoubledBytes plane, WordTarget to, int32_t rows, int32_t columns) {
+  return OverlapsInPart(RowPairs{AddressOf(plane.row) - AddressOf(to.row),
+                                 int64_t{plane.stride} - to.stride, columns, 2 * int64_t{columns}},
+                        rows);
+}
+
 // (v x 32768 + 127) / 255 of v = (257 v + 1) / 2: half of 257 v, rounded up.
 struct ExpandDoubled {
   template <class V>
@@ -70,8 +75,6 @@ struct ExpandDoubled {
     return HalfUp(doubled);
   }
 };
-
-}  // namespace
 
 template <class Form>
 uint64_t RescaleWords(uint16_t* samples, uint32_t fromMaximum, uint32_t toMaximum, int32_t rows,

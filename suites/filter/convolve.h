@@ -11,8 +11,10 @@ namespace vantrix {
 // the weighted mean, rounded to nearest; larger ones wrap.
 //
 // Reads `radius` rows above the source's first row and below its last, and no others; rows
-// of 0 or columns below 1 touch no memory. A negative radius is an empty window: all 0. The
-// planes must not overlap.
+// of 0 or columns below 1 touch no memory. A negative radius is an empty window: all 0.
+//
+// The planes may overlap, as in the usual pass in place: 4096 columns are taken after another,
+// and in them each output row is formed whole before it is stored.
 template <class Form>
 ConvolveRoutine FilterConvolveVertical8;
 

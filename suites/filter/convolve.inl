@@ -1,7 +1,8 @@
 // Bodies of convolve.h, for the units that instantiate them.
 #pragma once
 
-#include "common/blocks.h"
+#include "common/look_up.h"
+#include "common/overlap.h"
 #include "common/unroll.h"
 #include "suites/filter/convolve.h"
 
@@ -133,25 +134,26 @@ VX_INLINE void ConvolveRows(WindowPlanes planes, Window window) {
 // Calls work with Taps, known where they are a common number.
 template <class Work>
 VX_INLINE void WithTaps(intptr_t taps, Work work) {
-  WithConstant<3, 5, 7>(static_cast<int32_t>(taps),
-                        [=](auto known) VX_INLINED { work(Taps<known>{taps}); });
+  WithConstant<3, 7>(static_cast<int32_t>(taps),
+                     [=](auto known) VX_INLINED { work(Taps<known>{taps}); });
 }
 
 template <class Form>
 VX_INLINE void ConvolveByRows(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
   const auto convolve = [=](auto count, auto inLanes) VX_INLINED {
-    const RowByRow<decltype(count), decltype(inLanes)> window{count, inLanes};
-    ConvolveRows<Form, kRowsAtOnce>(planes, window);
-    ConvolveRows<Form, 1>(planes.Behind(planes.rows / kRowsAtOnce * kRowsAtOnce), window);
+    ConvolveRows<Form, kRowsAtOnce>(planes,
+                                    RowByRow<decltype(count), decltype(inLanes)>{count, inLanes});
+    ConvolveRows<Form, 1>(planes.Behind(planes.rows / kRowsAtOnce * kRowsAtOnce),
+                          RowByRow<Taps<0>, decltype(inLanes)>{{taps}, inLanes});
   };
   const KernelWeights kernel{weights};
   if (taps > kPreparedTaps) return convolve(Taps<0>{taps}, kernel);
   Group<uint16_t> groups[kPreparedTaps];
   for (intptr_t k = 0; k < taps; ++k) groups[k] = kernel.In<Group<uint16_t>>(k);
   const PreparedWeights prepared{groups};
-  // In wide forms pairs of rows do most of the work, and known counts gain too little here for
-  // the code that they take.
-  if constexpr (Form::kBytes > 16)
+  // Where rows are taken in pairs, those do most of the work, and known counts gain too little
+  // here for the code that they take.
+  if constexpr (kShuffles)
     convolve(Taps<0>{taps}, prepared);
   else
     WithTaps(taps, [=](auto count) VX_INLINED { convolve(count, prepared); });
@@ -252,6 +254,38 @@ VX_INLINE uint32_t ConvolveByPairs(WindowPlanes planes, intptr_t taps, const uin
 
 #endif
 
+// In registers, as a structure would be stored in parts and loaded whole.
+template <class Form>
+[[gnu::noinline]] void Convolve(const uint8_t* top, uint8_t* destination, uint32_t rows,
+                                intptr_t columns, intptr_t sourceStride, intptr_t destinationStride,
+                                intptr_t taps, const uint32_t* weights) {
+  WindowPlanes planes{top, sourceStride, destination, destinationStride, rows, columns};
+  if constexpr (Form::kBytes == 1) {
+    ConvolveSingly(planes, taps, weights);
+  } else {
+#if defined(__SSSE3__)
+    planes = planes.Behind(ConvolveByPairs<Form>(planes, taps, weights));
+#endif
+    if (planes.rows > 0) ConvolveByRows<Form>(planes, taps, weights);
+  }
+}
+
+// Where planes overlap: chunks of columns, one after another, and in each of them rows that are
+// formed whole before they are stored.
+constexpr intptr_t kChunk = 4096;
+template <class Form>
+void ConvolveRowByRow(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
+  uint8_t formed[kChunk];
+  for (intptr_t x = 0; x < planes.columns; x += kChunk) {
+    const intptr_t columns = planes.columns - x < kChunk ? planes.columns - x : kChunk;
+    for (uint32_t y = 0; y < planes.rows; ++y) {
+      const WindowPlanes row = planes.Behind(y);
+      Convolve<Form>(row.top + x, formed, 1, columns, row.sourceStride, 0, taps, weights);
+      __builtin_memcpy(row.destination + x, formed, static_cast<size_t>(columns));
+    }
+  }
+}
+
 }  // namespace
 
 template <class Form>
@@ -261,20 +295,19 @@ void FilterConvolveVertical8(const uint8_t* source, uint8_t* destination, uint32
   if (rows == 0 || columns < 1) return;
   const intptr_t radius = kernel->radius;
   const intptr_t taps = radius < 0 ? 0 : 2 * radius + 1;
-  WindowPlanes planes{taps == 0 ? source : source - radius * sourceStride,
-                      sourceStride,
-                      destination,
-                      destinationStride,
-                      rows,
-                      columns};
-  if constexpr (Form::kBytes == 1) {
-    ConvolveSingly(planes, taps, kernel->weights);
-  } else {
-#if defined(__SSSE3__)
-    planes = planes.Behind(ConvolveByPairs<Form>(planes, taps, kernel->weights));
-#endif
-    if (planes.rows > 0) ConvolveByRows<Form>(planes, taps, kernel->weights);
-  }
+  const WindowPlanes planes{taps == 0 ? source : source - radius * sourceStride,
+                            sourceStride,
+                            destination,
+                            destinationStride,
+                            rows,
+                            columns};
+  const PlaneArea target{destination, destinationStride, rows, columns};
+  if (target.OverlapsItself() ||
+      Overlap({planes.top, sourceStride, rows + int64_t{taps} - (taps > 0), columns}, target))
+    ConvolveRowByRow<Form>(planes, taps, kernel->weights);
+  else
+    Convolve<Form>(planes.top, destination, rows, columns, sourceStride, destinationStride, taps,
+                   kernel->weights);
 }
 
 }  // namespace vantrix

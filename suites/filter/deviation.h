@@ -12,7 +12,10 @@ namespace vantrix {
 //
 // Reads one sample beyond the source's rows and columns on every side. Calls the host's
 // polling service once, first of all; its answer is returned. Rows or columns below 1 touch
-// no memory. The planes must not overlap.
+// no memory.
+//
+// The planes may overlap: rows are taken in order. Of each, columns are read from the left, and
+// sample x is written when column x + 1 has been read.
 template <class Form>
 DeviationRoutine FilterLocalDeviation8;
 

@@ -1,7 +1,7 @@
 // Bodies of deviation.h, for the units that instantiate them.
 #pragma once
 
-#include "common/blocks.h"
+#include "common/overlap.h"
 #include "plugin/suites.h"
 #include "suites/filter/deviation.h"
 #include "suites/filter/root.h"
@@ -133,9 +133,17 @@ int64_t FilterLocalDeviation8(const uint8_t* source, uint8_t* destination, int32
                               int32_t columns, int32_t sourceStride, int32_t destinationStride) {
   const int64_t answer = Call<HostPoll>(coreSuite.live[kHostPoll])();
   if (rows < 1 || columns < 1) return answer;
-  WithTaperedBlocks<Form, uint16_t>(columns, [=](auto walk) VX_INLINED {
+  const auto deviate = [=](auto walk) VX_INLINED {
     DeviateStrips(walk, source, destination, rows, sourceStride, destinationStride);
-  });
+  };
+  const PlaneArea target{destination, destinationStride, rows, columns};
+  if (Form::kBytes > 1 &&
+      (target.OverlapsItself() ||
+       Overlap({source - sourceStride - 1, sourceStride, rows + int64_t{2}, columns + int64_t{2}},
+               target)))
+    deviate(Singly<uint16_t>{columns});
+  else
+    WithTaperedBlocks<Form, uint16_t>(columns, deviate);
   return answer;
 }
 

@@ -1,9 +1,10 @@
 // Bodies of float_blocks.h, for the units that instantiate them.
 #pragma once
 
-#include "common/lane_ops.h"
+#include "common/overlap.h"
 #include "plugin/suites.h"
 #include "suites/filter/float_blocks.h"
+#include "suites/kernels.h"
 
 namespace vantrix {
 namespace {
@@ -63,20 +64,26 @@ VX_INLINE void TakeSteps(const Columns<V, kSpan>& matrix, uint32_t steps, const 
     TakeSteps(Columns<decltype(Half<0>(V{})), kSpan>(matrix), steps, input, output);
 }
 
-// kHost: the slot whose host's routine takes the rest of the run; 0 for none.
-template <int kSpan, int kHost, class Form>
+// kHandsOver: whether the host's routine takes the rest of the run.
+template <int kSpan, uint16_t kSlot, bool kHandsOver, class Form>
 VX_INLINE void Slide(const float* input, uint32_t count, const float* matrix, uintptr_t fourth,
                      uintptr_t fifth, float* output) {
   if (count < kSpan) return;
-  const uint32_t inSpans = kHost ? count / kSpan * kSpan : count;
+  const uint32_t inSpans = kHandsOver ? count / kSpan * kSpan : count;
   const uint32_t steps = (inSpans - kSpan) / kPhases + 1;
-  if constexpr (Form::kBytes == 1)
+  if constexpr (Form::kBytes == 1) {
     TakeSteps<kSpan>(matrix, steps, input, output);
-  else
+  } else {
+    const PlaneArea outputs{output, 0, 1, 4 * kPhases * int64_t{steps}};
+    if (Overlap({input, 0, 1, 4 * int64_t{count}}, outputs) ||
+        Overlap({matrix, 0, 1, 4 * kPhases * kSpan}, outputs))
+      return Call<FloatBlockRoutine>(FindBuild(FilterKernels::In<Scalar>(), kSlot)())(
+          input, count, matrix, fourth, fifth, output);
     TakeSteps(Columns<Register<float, Form>, kSpan>(matrix), steps, input, output);
-  if constexpr (kHost != 0) {
+  }
+  if constexpr (kHandsOver) {
     const intptr_t done = kPhases * intptr_t{steps};
-    Call<FloatBlockRoutine>(filterSuite.saved[kHost])(input + done, count - kPhases * steps, matrix,
+    Call<FloatBlockRoutine>(filterSuite.saved[kSlot])(input + done, count - kPhases * steps, matrix,
                                                       fourth, fifth, output + done);
   }
 }
@@ -86,22 +93,22 @@ VX_INLINE void Slide(const float* input, uint32_t count, const float* matrix, ui
 template <class Form>
 void FilterFloatBlock8(const float* input, uint32_t count, const float* matrix, uintptr_t fourth,
                        uintptr_t fifth, float* output) {
-  Slide<8, 0, Form>(input, count, matrix, fourth, fifth, output);
+  Slide<8, 191, false, Form>(input, count, matrix, fourth, fifth, output);
 }
 template <class Form>
 void FilterFloatBlock12(const float* input, uint32_t count, const float* matrix, uintptr_t fourth,
                         uintptr_t fifth, float* output) {
-  Slide<12, 0, Form>(input, count, matrix, fourth, fifth, output);
+  Slide<12, 192, false, Form>(input, count, matrix, fourth, fifth, output);
 }
 template <class Form>
 void FilterFloatBlock16(const float* input, uint32_t count, const float* matrix, uintptr_t fourth,
                         uintptr_t fifth, float* output) {
-  Slide<16, 193, Form>(input, count, matrix, fourth, fifth, output);
+  Slide<16, 193, true, Form>(input, count, matrix, fourth, fifth, output);
 }
 template <class Form>
 void FilterFloatBlock20(const float* input, uint32_t count, const float* matrix, uintptr_t fourth,
                         uintptr_t fifth, float* output) {
-  Slide<20, 194, Form>(input, count, matrix, fourth, fifth, output);
+  Slide<20, 194, true, Form>(input, count, matrix, fourth, fifth, output);
 }
 
 }  // namespace vantrix

@@ -47,9 +47,10 @@ uint32_t BytesAllEqual(const uint8_t* pointer, int32_t bytes, uint32_t value) {
   if (count >= 8 * kBytes) return BlocksAreEqual<V, 8>(pointer, count, wanted);
   if (count >= 4 * kBytes) return BlocksAreEqual<V, 4>(pointer, count, wanted);
   bool isEqual = true;
-  if (WithWholeBlocks<uint8_t, Form::kBytes>(0, count, [&]<class W>(Blocks<W>) VX_INLINED {
-        isEqual = BlocksAreEqual<W, 1>(pointer, count, wanted);
-      }))
+  if (WithWholeBlocks<uint8_t, Form::kBytes>(
+          0, count, [&]<class W, int kMost>(Blocks<W, kMost>) VX_INLINED {
+            isEqual = BlocksAreEqual<W, 1>(pointer, count, wanted);
+          }))
     return isEqual;
   if (count >= 8) return EndsAreEqual<uint64_t>(pointer, count, wanted);
   if (count >= 4) return EndsAreEqual<uint32_t>(pointer, count, wanted);

@@ -6,7 +6,6 @@
 #include "suites/resample/computed_row.h"
 
 namespace vantrix {
-namespace {
 
 struct Tiling {
   int32_t width, height;
@@ -67,6 +66,15 @@ struct AveragedPairs {
   }
   VX_INLINE void NextRow() { source += blocks.height * blocks.stride; }
 };
+
+template <int kHeight>
+VX_INLINE bool OverlapsInPart(const AveragedPairs<kHeight>& operand, Target to, int32_t rows,
+                              int32_t columns) {
+  const Tiling& blocks = operand.blocks;
+  return Overlap(
+      {operand.source, blocks.stride, int64_t{rows} * blocks.height, 2 * int64_t{columns}},
+      {to.row, to.stride, rows, columns});
+}
 
 // Others sum the columns first, by stretches of what the sums' memory holds.
 // WithWholeBlocks takes kFewestColumns or more.
@@ -205,13 +213,11 @@ VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int
   }
 }
 
-}  // namespace
-
 template <class Form>
 void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t outputRows,
                      int32_t outputColumns, int32_t blockWidth, int32_t blockHeight,
                      int32_t sourceStride, int32_t destinationStride) {
-  if (outputColumns < 1 || blockWidth < 1 || blockHeight < 1) return;
+  if (outputRows < 1 || outputColumns < 1 || blockWidth < 1 || blockHeight < 1) return;
   const Tiling blocks{blockWidth, blockHeight, sourceStride,
                       Average(int64_t{blockWidth} * blockHeight)};
   if (Form::kBytes > 1 && blockWidth == 2 && blockHeight <= Average::kWordCount / 2)
@@ -222,7 +228,10 @@ void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t output
         });
   const bool byColumns = Form::kBytes > 1 && blockWidth <= kMostBlockWidth &&
                          blockHeight <= Average::kWordCount &&
-                         int64_t{outputColumns} * blockWidth >= kFewestColumns;
+                         int64_t{outputColumns} * blockWidth >= kFewestColumns &&
+                         !Overlap({source, sourceStride, int64_t{outputRows} * blockHeight,
+                                   int64_t{outputColumns} * blockWidth},
+                                  {destination, destinationStride, outputRows, outputColumns});
   for (; outputRows > 0; --outputRows) {
     if (!byColumns)
       AverageOneByOne(source, destination, outputColumns, blocks);

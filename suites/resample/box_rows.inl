@@ -6,7 +6,6 @@
 #include "suites/resample/computed_row.h"
 
 namespace vantrix {
-namespace {
 
 // The rule of a row that is the average of `count` rows, at most Average::kWordCount: kRows,
 // where that is not 0.
@@ -29,6 +28,9 @@ struct AveragedRow {
     }
   }
   VX_INLINE void NextRow() { first += count * stride; }
+  VX_INLINE PlaneArea SourceOf(int64_t outputRows, int64_t columns) const {
+    return {first, stride, outputRows * count, columns};
+  }
 };
 
 // The same of more rows: the sums go on in 32-bit lanes, by parity once more.
@@ -63,6 +65,9 @@ struct MeanOfTwo {
     return RoundedMean(read(first), read(first + stride));
   }
   VX_INLINE void NextRow() { first += 2 * stride; }
+  VX_INLINE PlaneArea SourceOf(int64_t outputRows, int64_t columns) const {
+    return {first, stride, 2 * outputRows, columns};
+  }
 };
 
 // A function of its own for each rule: together they would hold more than there are
@@ -71,8 +76,6 @@ template <class Form, class Operand>
 [[gnu::noinline]] void WriteRows(int32_t rows, int32_t width, Output output, Operand operand) {
   BlendRows<Form>(rows, width, output, AsItIs{}, operand);
 }
-
-}  // namespace
 
 template <class Form>
 void BoxAverageRows8(const uint8_t* source, uint8_t* destination, int32_t outputRows, int32_t width,
@@ -97,7 +100,7 @@ void BoxAverageRows8(const uint8_t* source, uint8_t* destination, int32_t output
     else if (count > Average::kWordCount)
       write(Computed<AverageOfMany>{{{source, stride, count, average}}});
     else if (count > 0)
-      WithConstant<3, 4, 5, 6, 7, 8>(
+      WithConstant<3, 4, 7, 8>(
           count, [&]<int kRows>(std::integral_constant<int, kRows>) VX_INLINED {
             write(Computed<AveragedRow<kRows>>{{source, stride, count, average}});
           });

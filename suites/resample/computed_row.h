@@ -19,6 +19,13 @@ struct Computed {
   VX_INLINE void NextRow() { rule.NextRow(); }
 };
 
+// Rules tell the area of the source that so many rows are computed from.
+template <class Rule>
+VX_INLINE bool OverlapsInPart(const Computed<Rule>& operand, Target to, int32_t rows,
+                              int32_t columns) {
+  return Overlap(operand.rule.SourceOf(rows, columns), {to.row, to.stride, rows, columns});
+}
+
 struct AsItIs {
   template <class V>
   VX_INLINE V operator()(V sample) const {

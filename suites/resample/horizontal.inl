@@ -69,8 +69,8 @@ VX_INLINE bool FilterInSets(const HorizontalCall& call) {
   using S = Register<uint32_t, Form>;
   return WithAccesses<Sample, S>([&]<class... Accesses>() VX_INLINED {
     const HorizontalPass<Sample, S> pass{call, call.width};
-    if (call.span.bytes < kLeastSpan<S> || pass.template PlanBlocks<Accesses...>() < 1 ||
-        !pass.template SpanHoldsUnits<ByGather>())
+    if (call.Overlaps(sizeof(Sample)) || call.span.bytes < kLeastSpan<S> ||
+        pass.template PlanBlocks<Accesses...>() < 1 || !pass.template SpanHoldsUnits<ByGather>())
       return false;
     FilterHorizontalInSets<Sample, Form, Accesses...>(call);
     return true;

@@ -1,7 +1,7 @@
 // The rows of one call of the horizontal pass, once it is known in which sets they are taken.
 #pragma once
 
-#include "common/blocks.h"
+#include "common/overlap.h"
 #include "suites/resample/set_rules.h"
 
 namespace vantrix {
@@ -29,6 +29,11 @@ struct HorizontalCall {
   int32_t width;
   Taps taps;
   Span span;
+
+  VX_INLINE bool Overlaps(int64_t sampleBytes) const {
+    const PlaneArea target{destination, destinationStride, rows, width * sampleBytes};
+    return target.OverlapsItself() || Overlap({source, sourceStride, rows, span.bytes}, target);
+  }
 };
 
 // The rows of one call. S is a register of sums, a lane for each column of a set; a block is

@@ -1,6 +1,7 @@
 // The walk over the output rows of the vertical pass.
 #pragma once
 
+#include "common/overlap.h"
 #include "suites/resample/filter.h"
 
 namespace vantrix {
@@ -15,10 +16,17 @@ struct TapRows {
   VX_INLINE const uint8_t* Row(int32_t k) const { return first + k * stride; }
 };
 
-// Copies a row by the memory suite's live CopyBytes, in pieces that its count can tell.
+// An output row that shares memory with rows that it is made of is filtered one sample after
+// another; returns whether it does.
+template <class Sample>
+bool FilterOverlapping(uint8_t* row, const uint8_t* first, intptr_t stride, const int16_t* weights,
+                       int32_t count, int32_t width);
+
+// Copies a row by the memory suite's live CopyBytes: in one call, or where its count cannot tell
+// so many bytes in several.
 void CopyRow(const uint8_t* source, uint8_t* destination, int64_t bytes);
 
-// Makes each output row by filter(destination row, rows), or by the copy.
+// Makes each output row by filter(destination row, rows); by the copy where there are 0 or 1 taps.
 template <class Sample, class Rule>
 VX_INLINE void ForEachOutputRow(const Sample* source, Sample* destination, int32_t count,
                                 int32_t width, Taps taps, intptr_t sourceStride,
@@ -26,13 +34,34 @@ VX_INLINE void ForEachOutputRow(const Sample* source, Sample* destination, int32
   const auto from = reinterpret_cast<const uint8_t*>(source);
   const auto to = reinterpret_cast<uint8_t*>(destination);
   if (width < 1) return;
+  const int64_t bytes = int64_t{width} * int64_t{sizeof(Sample)};
+  if (taps.count == 0 || taps.count == 1) {
+    for (int32_t i = 0; i < count; ++i)
+      CopyRow(from + taps.First(i) * sourceStride, to + i * destinationStride, bytes);
+    return;
+  }
+  // An output row crosses the rows that it is made of where it begins so many bytes behind the
+  // first of them, from the least number on.
+  const int64_t reach = taps.count > 0 ? (taps.count - int64_t{1}) * sourceStride : 0;
+  const int64_t least = (reach < 0 ? reach : 0) - bytes + 1;
+  auto crossings = static_cast<uint64_t>((reach < 0 ? -reach : reach) + 2 * bytes - 1);
+  bool isAsked = false;
   for (int32_t i = 0; i < count; ++i) {
     uint8_t* const row = to + i * destinationStride;
     const uint8_t* const first = from + taps.First(i) * sourceStride;
-    if (taps.count == 0 || taps.count == 1)
-      CopyRow(first, row, int64_t{width} * int64_t{sizeof(Sample)});
-    else
-      filter(row, TapRows{first, sourceStride, taps.weights + taps.Base(i), taps.count});
+    const int16_t* const weights = taps.weights + taps.Base(i);
+    const auto apart = static_cast<uint64_t>(AddressOf(row) - AddressOf(first) - least);
+    if (__builtin_expect(apart < crossings, 0)) {
+      if (!isAsked) {
+        isAsked = true;
+        if (ColumnsAreApart(first, sourceStride, bytes, row, destinationStride, bytes))
+          crossings = 0;
+      }
+      if (crossings != 0 &&
+          FilterOverlapping<Sample>(row, first, sourceStride, weights, taps.count, width))
+        continue;
+    }
+    filter(row, TapRows{first, sourceStride, weights, taps.count});
   }
 }
 

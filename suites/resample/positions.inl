@@ -1,8 +1,8 @@
 // Bodies of positions.h, for the units that instantiate them.
 #pragma once
 
-#include "common/blocks.h"
 #include "common/gather.h"
+#include "common/overlap.h"
 #include "common/rounding.h"
 #include "suites/resample/positions.h"
 
@@ -75,6 +75,11 @@ struct Line {
   int32_t length;
   const int32_t* positions;
 
+  VX_INLINE bool Overlaps(PlaneArea samples) const {
+    return length < 1 || Overlap({source, 0, 1, length}, samples) ||
+           Overlap({positions, 0, 1, 4 * samples.bytes}, samples);
+  }
+
   void One(uint8_t* destination, intptr_t i) const {
     const Place<kIsLinear> x(positions[i]);
     if (x.IsIn(length)) destination[i] = SampleAlong(source + x.index, x.fraction);
@@ -108,6 +113,11 @@ struct Area {
   int32_t width, height;
   const int32_t* positions;
   intptr_t stride;
+
+  VX_INLINE bool Overlaps(PlaneArea samples) const {
+    return width < 1 || height < 1 || Overlap({source, stride, height, width}, samples) ||
+           Overlap({positions, 0, 1, 8 * samples.bytes}, samples);
+  }
 
   void One(uint8_t* destination, intptr_t i) const {
     const Place<kIsLinear> x(positions[2 * i]), y(positions[2 * i + 1]);
@@ -169,12 +179,15 @@ VX_INLINE void SampleBlock(const Source& source, uint8_t* destination, intptr_t 
 
 template <class Form, class Source>
 void SampleAll(Source source, uint8_t* destination, intptr_t count) {
+  if (count < 1) return;
   if constexpr (Form::kBytes > 1) {
     const auto inBlocks = [&](auto walk) VX_INLINED {
       walk.ForEach([&]<class V>(Block<V> block)
                        VX_INLINED { SampleBlock<V>(source, destination, block.x); });
     };
-    if (WithWholeBlocks<uint16_t, Form::kBytes>(0, count, inBlocks)) return;
+    if (!source.Overlaps({destination, 0, 1, count}) &&
+        WithWholeBlocks<uint16_t, Form::kBytes>(0, count, inBlocks))
+      return;
   }
   for (intptr_t i = 0; i < count; ++i) source.One(destination, i);
 }

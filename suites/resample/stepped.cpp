@@ -34,16 +34,16 @@ struct Steps {
   }
 };
 
-// The columns from `begin` to `end`, all of which stand within reach of the source.
+// The columns from `begin` to `end`, all of which stand within reach of the source, from left to
+// right in the destination.
 void StretchColumns(const uint8_t* source, uint8_t* destination, const Steps& steps, int32_t begin,
                     int32_t end, bool isMirrored) {
   if (begin >= end) return;
-  auto position = static_cast<uint64_t>(steps.Position(begin));
-  const auto step = static_cast<uint64_t>(steps.step);
-  const intptr_t direction = isMirrored ? -1 : 1;
-  intptr_t at = isMirrored ? steps.width - 1 - begin : begin;
-  for (int32_t x = begin; x < end; ++x, at += direction, position += step)
-    destination[at] = source[static_cast<int64_t>(position) >> 32];
+  auto position = static_cast<uint64_t>(steps.Position(isMirrored ? end - 1 : begin));
+  const auto step = static_cast<uint64_t>(isMirrored ? -steps.step : steps.step);
+  uint8_t* const first = destination + (isMirrored ? steps.width - end : begin);
+  for (int32_t x = 0; x < end - begin; ++x, position += step)
+    first[x] = source[static_cast<int64_t>(position) >> 32];
 }
 
 void StretchRow(const uint8_t* source, uint8_t* destination, int32_t width, int32_t length) {
@@ -56,9 +56,15 @@ void StretchRow(const uint8_t* source, uint8_t* destination, int32_t width, int3
       std::memset(destination + (isMirrored ? width - last : first), source[index],
                   static_cast<size_t>(last - first));
   };
-  fill(0, begin, -3);
+  const auto fillEnd = [=](bool isFirst) {
+    if (isFirst)
+      fill(0, begin, -3);
+    else
+      fill(end, width, intptr_t{width} + 2);
+  };
+  fillEnd(!isMirrored);
   StretchColumns(source, destination, steps, begin, end, isMirrored);
-  fill(end, width, intptr_t{width} + 2);
+  fillEnd(isMirrored);
 }
 
 }  // namespace

@@ -89,10 +89,11 @@ void FilterResampleVertical32F(const float* source, float* destination, int32_t 
                                int32_t sourceStride, int32_t destinationStride, int32_t tapCount,
                                const int16_t* weights) {
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
+  const intptr_t from = sourceStride / 4 * 4, to = destinationStride / 4 * 4;
   WithTapCount(taps.count, [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
     const auto filter = [=](auto walk) VX_INLINED {
-      ForEachOutputRow(source, destination, count, width, taps, sourceStride / 4 * 4,
-                       destinationStride / 4 * 4, [=](uint8_t* row, TapRows rows) VX_INLINED {
+      ForEachOutputRow(source, destination, count, width, taps, from, to,
+                       [=](uint8_t* row, TapRows rows) VX_INLINED {
                          FilteredFloats<kTaps>(rows).StoreRow(reinterpret_cast<float*>(row), walk);
                        });
     };

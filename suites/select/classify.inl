@@ -133,9 +133,10 @@ template <class Form>
 int32_t SelectClassify8(const uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   constexpr int kSlot = 33;
   int32_t answer = 0;
-  if (WithWholeBlocks<uint8_t, Form::kBytes>(0, width, [&]<class V>(Blocks<V>) VX_INLINED {
-        answer = ClassifyBytes<V>(data, rows, width, rowBytes);
-      }))
+  if (WithWholeBlocks<uint8_t, Form::kBytes>(
+          0, width, [&]<class V, int kMost>(Blocks<V, kMost>) VX_INLINED {
+            answer = ClassifyBytes<V>(data, rows, width, rowBytes);
+          }))
     return answer;
   return Call<Classify8Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
 }
@@ -146,7 +147,7 @@ int32_t SelectClassify16(const uint16_t* data, int32_t rows, int32_t width, int3
   if (width < 8)
     return Call<Classify16Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
   int32_t answer = 0;
-  const auto classify = [&]<class V>(Blocks<V>) VX_INLINED {
+  const auto classify = [&]<class V, int kMost>(Blocks<V, kMost>) VX_INLINED {
     answer = ClassifyWords<V>(data, rows, width, rowBytes & ~1);
   };
   // Folding a wide register's groups takes as long as four of them.

@@ -1,8 +1,10 @@
 // Bodies of marks.h, for the units that instantiate them.
 #pragma once
 
+#include "common/changed.h"
 #include "common/rows.h"
 #include "common/unroll.h"
+#include "suites/select/in_order.h"
 #include "suites/select/marks.h"
 
 namespace vantrix {
@@ -19,9 +21,14 @@ template <class V, int kRows>
 struct Entries {
   V above, rows[kRows], below;
 };
+template <class V, int kRows>
+struct MarkedEntries {
+  V before[kRows], after[kRows], isNew[kRows];
+};
 
-// Rows that are read and written together. Beside them stands the row above as it was before
-// its own marks; when they are written, the last of them, as it was, takes its place.
+// Rows that are read together, and written where an entry changes. Beside them stands the row above
+// as it was before its own marks; when they are written, the last of them, as it was, takes its
+// place.
 template <int kRows>
 struct MarkedRows {
   using Sample = uint8_t;
@@ -38,9 +45,11 @@ struct MarkedRows {
     return entries;
   }
   template <class Place, class V>
-  VX_INLINE void Write(Place place, const Entries<V, kRows>& entries) const {
-    Repeat<kRows>([&](int i) VX_INLINED { place.StoreTo(Row(i), entries.rows[i]); });
-    place.StoreTo(above, entries.above);
+  VX_INLINE void Write(Place place, const MarkedEntries<V, kRows>& entries) const {
+    Repeat<kRows>([&](int i) VX_INLINED {
+      StoreChanged(place, Row(i), entries.isNew[i], entries.before[i], entries.after[i]);
+    });
+    place.StoreTo(above, entries.before[kRows - 1]);
   }
   template <int kBytes>
   VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
@@ -54,14 +63,16 @@ struct MarkedRows {
 // An entry takes the marks of the rows about it, as they were.
 struct SpreadMarks {
   template <class V, int kRows>
-  VX_INLINE Entries<V, kRows> operator()(Entries<V, kRows> entries) const {
+  VX_INLINE MarkedEntries<V, kRows> operator()(const Entries<V, kRows>& entries) const {
+    MarkedEntries<V, kRows> marked;
     Repeat<kRows>([&](int i) VX_INLINED {
-      const V entry = entries.rows[i];
+      const V above = i == 0 ? entries.above : entries.rows[i - 1];
       const V below = i + 1 < kRows ? entries.rows[i + 1] : entries.below;
-      entries.rows[i] = entry | ((entries.above | below) & kMark);
-      entries.above = entry;
+      marked.before[i] = entries.rows[i];
+      marked.isNew[i] = (above | below) & ~entries.rows[i] & kMark;
+      marked.after[i] = entries.rows[i] | marked.isNew[i];
     });
-    return entries;
+    return marked;
   }
 };
 
@@ -83,6 +94,8 @@ VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t ro
 template <class Form>
 void SelectSpreadMark8(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   if (rows < 2) return;
+  if ((rowBytes < 0 ? -int64_t{rowBytes} : rowBytes) < width)
+    return SpreadMarksInOrder(data, rows, width, rowBytes);
   for (; width > 0; width -= kColumnsTogether, data += kColumnsTogether) {
     const int32_t columns = width < kColumnsTogether ? width : kColumnsTogether;
     uint8_t above[kColumnsTogether];

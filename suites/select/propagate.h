@@ -6,8 +6,10 @@
 // receives v and d', unless d' is 0 or c is above d'. So a priority reaches as far as it is
 // high, 1 goes on for ever, and a higher one on the way wins. Numbers are unsigned.
 //
-// Line i starts lineStep x i from the first pointers, its entries lie entryStep apart. Lines
-// must not share entries. A line's first entry never changes.
+// Line i starts lineStep x i from the first pointers, its entries lie entryStep apart. A line's
+// first entry never changes. Where lines or planes share entries, lines are walked one by one.
+// Of either plane a block of lines is stored only if one of its entries changes; of lines that fill
+// no block only entries that change are.
 #pragma once
 
 #include "common/forms.h"

@@ -1,21 +1,62 @@
 // Bodies of propagate.h, for the units that instantiate them.
 #pragma once
 
+#include "common/changed.h"
 #include "common/rows.h"
+#include "suites/select/in_order.h"
 #include "suites/select/propagate.h"
 
 namespace vantrix {
 namespace {
 
-// The pair that an entry is left with; first is the priority. kHolds is the carried
-// priority that holds an entry back. An entry that is met twice keeps what it has.
+// The pair that an entry is left with, first the priority; its own; and in which lanes each of the
+// two is written.
+template <class V>
+struct Taken : Pair<V> {
+  Pair<V> own;
+  V takesPriority, takesValue;
+};
+// kHolds is the carried priority that holds an entry back. An entry that is met twice keeps
+// what it has.
 template <uint16_t kHolds>
 struct TakeOver {
   template <class V>
-  VX_INLINE Pair<V> operator()(Pair<V> own, Pair<V> before) const {
+  VX_INLINE Taken<V> operator()(Pair<V> own, Pair<V> before) const {
     const V carried = before.first + As<V>(before.first > 1);  // less 1: the mask is -1
     const auto keeps = (carried == LaneOf<V>(kHolds)) | (own.first > carried);
-    return {keeps ? own.first : carried, keeps ? own.second : before.second};
+    const V isTaken = Opaque(As<V>(~keeps));
+    const auto takes = IsNegative(isTaken);
+    const Pair<V> after{takes ? carried : own.first, takes ? before.second : own.second};
+    // Where 0 does not hold back, it is mostly handed on from 0 to 0, and changes nothing.
+    if constexpr (kHolds != 0)
+      return {after, own, As<V>(after.first != own.first), As<V>(after.second != own.second)};
+    return {after, own, isTaken, isTaken};
+  }
+};
+
+// The planes of the lines; of either, places are stored in which an entry is written.
+template <class T>
+struct LinesAt {
+  using Sample = T;
+  static constexpr bool kIsRead = true;
+  TargetOf<T> priority, value;
+
+  template <class Place>
+  VX_LANE auto At(Place place) const {
+    return Pair<typename Place::Register>{priority.At(place), value.At(place)};
+  }
+  template <class Place, class V>
+  VX_LANE void Write(Place place, const Taken<V>& entries) const {
+    StoreChanged(place, priority.row, entries.takesPriority, entries.own.first, entries.first);
+    StoreChanged(place, value.row, entries.takesValue, entries.own.second, entries.second);
+  }
+  template <int kBytes>
+  VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
+    return priority.template BoundaryAfter<kBytes>(x);
+  }
+  VX_LANE void NextRow() {
+    priority.NextRow();
+    value.NextRow();
   }
 };
 
@@ -25,9 +66,10 @@ struct TakeOver {
 template <class Form, class Rule, class T>
 VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineCount,
                                  int32_t lineLength, int32_t entryBytes) {
+  if (lineCount < 1) return;
   const auto atEntry = [=](intptr_t i) VX_INLINED {
     const intptr_t bytes = i * entryBytes;
-    return TwoTargetsOf<T>{{Below(priority, bytes), entryBytes}, {Below(value, bytes), entryBytes}};
+    return LinesAt<T>{{Below(priority, bytes), entryBytes}, {Below(value, bytes), entryBytes}};
   };
   constexpr int32_t kFew = 4 * kLaneCount<Register<T, Form>>;
   if (Form::kBytes > 1 && lineCount < kFew)
@@ -35,16 +77,22 @@ VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineC
       walk.ForEach([=](auto place) VX_INLINED {
         auto before = atEntry(0).At(place);
         for (int32_t i = 1; i < lineLength; ++i) {
-          before = rule(atEntry(i).At(place), before);
-          atEntry(i).Write(place, before);
+          const auto taken = rule(atEntry(i).At(place), before);
+          atEntry(i).Write(place, taken);
+          before = taken;
         }
       });
     });
   else
-    BlendRows<Form>(lineLength - 1, lineCount, atEntry(1), rule, atEntry(0));
+    WithBlocks<Form, T>(lineCount, [=](auto walk) VX_INLINED {
+      ForEachRow(
+          lineLength - 1, [=](auto... entries) VX_INLINED { ApplyToRow(walk, rule, entries...); },
+          atEntry(1), atEntry(0));
+    });
 }
 
-// One line after another, an entry at a time. What is carried stays in registers.
+// One line after another, an entry at a time. What is carried stays in registers. Which entries
+// change is as varied as priorities are.
 template <class T>
 VX_INLINE void PropagateSingly(T* priority, T* value, int32_t lineCount, int32_t lineLength,
                                intptr_t lineStep, intptr_t entryStep) {
@@ -58,8 +106,8 @@ VX_INLINE void PropagateSingly(T* priority, T* value, int32_t lineCount, int32_t
       const bool keeps = carried == 0 || *p > carried;
       carried = keeps ? *p : carried;
       carriedValue = keeps ? *v : carriedValue;
-      *p = carried;
-      *v = carriedValue;
+      StoreIf(*p != carried, p, carried);
+      StoreIf(*v != carriedValue, v, carriedValue);
     }
   }
 }
@@ -76,7 +124,11 @@ struct Tile {
   }
   VX_INLINE void StoreTo(LaneOf<V>* to, intptr_t lineStep) const {
 #pragma GCC unroll 16
-    for (int i = 0; i < kSide; ++i) Store(to + i * lineStep, rows[i]);
+    for (int i = 0; i < kSide; ++i) {
+      LaneOf<V>* const line = to + i * lineStep;
+      const V before = Load<V>(line);
+      StoreChanged(Block<V>{0}, line, before != rows[i], before, rows[i]);
+    }
   }
   // Interleaves the two halves of the rows as often as doubling 1 gives kSide.
   VX_INLINE void Transpose() {
@@ -101,13 +153,13 @@ VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_
                                 intptr_t lineStep, intptr_t entryStep) {
   constexpr int kSide = kLaneCount<V>;
   for (; lineCount >= kSide; lineCount -= kSide) {
-    Pair<V> before;
-#pragma GCC unroll 16
+    T first[2][kSide];
     for (int i = 0; i < kSide; ++i) {
-      before.first[i] = priority[i * lineStep];
-      before.second[i] = value[i * lineStep];
+      first[0][i] = priority[i * lineStep];
+      first[1][i] = value[i * lineStep];
     }
-    int32_t entry = 1;
+    Pair<V> before{Load<V>(first[0]), Load<V>(first[1])};
+    intptr_t entry = 1;
     for (; entry + kSide <= lineLength; entry += kSide) {
       const intptr_t lowest = entryStep > 0 ? entry : -(entry + kSide - 1);
       Tile<V> priorities, values;
@@ -129,8 +181,8 @@ VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_
     }
     // The entries left over, from the last one of the tiles on.
     const intptr_t last = (entry - 1) * entryStep;
-    PropagateSingly(priority + last, value + last, kSide, lineLength - entry + 1, lineStep,
-                    entryStep);
+    PropagateSingly(priority + last, value + last, kSide,
+                    static_cast<int32_t>(lineLength - entry + 1), lineStep, entryStep);
     priority += kSide * lineStep;
     value += kSide * lineStep;
   }
@@ -165,6 +217,9 @@ template <class Form>
 void SelectPropagate8(uint8_t* priority, uint8_t* value, int32_t lineCount, int32_t lineLength,
                       int32_t lineStep, int32_t entryStep) {
   if (lineCount < 1 || lineLength < 2) return;
+  if (!EntriesAreApart(priority, value, lineCount, lineLength, lineStep, entryStep))
+    return PropagateInOrder<uint8_t>(priority, value, lineCount, lineLength, lineStep, entryStep,
+                                     0);
   if (lineStep == 1)
     PropagateTogether<Form>(TakeOver<0>{}, priority, value, lineCount, lineLength, entryStep);
   else
@@ -176,12 +231,18 @@ void SelectPropagate16(uint16_t* priority, uint16_t* value, int32_t lineCount, i
                        int32_t lineStep, int32_t entryStep) {
   if (lineCount < 1 || lineLength < 2) return;
   const int32_t lineEntries = lineStep >> 1, entries = entryStep >> 1;
+  const int32_t grouped = lineEntries == 1 ? lineCount & ~7 : 0, left = lineCount - grouped;
+  if (!EntriesAreApart(priority, value, lineCount, lineLength, lineEntries, entries)) {
+    PropagateInOrder<uint16_t>(priority, value, grouped, lineLength, lineEntries, entries, 0x8000);
+    return PropagateInOrder<uint16_t>(priority + grouped, value + grouped, left, lineLength,
+                                      lineEntries, entries, 0);
+  }
   if (lineEntries != 1)
     return PropagateApart<Form>(priority, value, lineCount, lineLength, lineEntries, entries);
-  const int32_t grouped = lineCount & ~7, entryBytes = entries * 2;
+  const int32_t entryBytes = entries * 2;
   PropagateTogether<Form>(TakeOver<0x8000>{}, priority, value, grouped, lineLength, entryBytes);
-  PropagateTogether<Form>(TakeOver<0>{}, priority + grouped, value + grouped, lineCount - grouped,
-                          lineLength, entryBytes);
+  PropagateTogether<Form>(TakeOver<0>{}, priority + grouped, value + grouped, left, lineLength,
+                          entryBytes);
 }
 
 }  // namespace vantrix

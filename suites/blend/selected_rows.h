@@ -1,0 +1,122 @@
+// Rows in which a rule selects samples, and leaves the others alone: their bytes may be another
+// thread's, or lie on a page that must not be written.
+//
+// In the blocks of 16 that start at the target's 16-byte boundary samples are written together.
+// Before and after them only selected ones are.
+#pragma once
+
+#include "common/changed.h"
+#include "common/masked.h"
+#include "common/rows.h"
+
+namespace vantrix {
+
+// Rules say of a register which samples they select, and what becomes of those:
+// rule.Selects(d, samples...), rule.Selected(d, samples...).
+template <class Place, class Rule, class To, class... From>
+VX_INLINE auto SelectsAt(Place place, Rule rule, To to, From... from) {
+  return rule.Selects(to.At(place), from.At(place)...);
+}
+template <class Place, class Rule, class To, class... From>
+VX_INLINE auto SelectedAt(Place place, Rule rule, To to, From... from) {
+  return rule.Selected(to.At(place), from.At(place)...);
+}
+
+// Sample by sample. Masks vary: branches would be mispredicted.
+template <class Rule, class To, class... From>
+VX_INLINE void WriteSelectedSingly(intptr_t count, Rule rule, To to, From... from) {
+  Singly<uint8_t>{count}.ForEach([=](auto one) VX_INLINED {
+    StoreIf(SelectsAt(one, rule, to, from...)[0] != 0, to.row + one.x,
+            SelectedAt(one, rule, to, from...)[0]);
+  });
+}
+
+// Whether short rows and ends are stored under masks. What was stored so is slow to load soon
+// after, so rows whose samples are read keep their distance.
+template <class Rule>
+VX_INLINE bool StoresUnderMask(int32_t columns, int64_t stride) {
+  constexpr int64_t kReach = 2 * 16;  // behind a row's end and ahead of the next one's start
+  return kHasMasks && (!Rule::kReadsTarget || (stride < 0 ? -stride : stride) - columns >= kReach);
+}
+template <class Lanes, class Rule, class To, class... From>
+VX_INLINE void WriteSelectedLanes(Lanes lanes, Rule rule, To to, From... from) {
+  lanes.StoreWhere(SelectsAt(lanes, rule, to, from...), to.row,
+                   SelectedAt(lanes, rule, to, from...));
+}
+
+// A row of fewer than 16 samples.
+template <class Rule, class To, class... From>
+VX_INLINE void WriteSelectedInShort(bool underMask, intptr_t count, Rule rule, To to,
+                                    From... from) {
+  if constexpr (kHasMasks)
+    if (underMask)
+      return WriteSelectedLanes(SomeLanes<Lanes<uint8_t, 16>>::FirstAfter(0, count), rule, to,
+                                from...);
+  const bool isTaken =
+      WithEnds<uint8_t, FewestInRegister<Rule>()>(count, [=](auto walk) VX_INLINED {
+        walk.ForEach([=]<class V, int kBytes>(Ends<V, kBytes> ends) VX_INLINED {
+          StoreSome(ends, to.row, SetBytes(SelectsAt(ends, rule, to, from...)),
+                    SelectedAt(ends, rule, to, from...));
+        });
+      });
+  if (!isTaken) WriteSelectedSingly(count, rule, to, from...);
+}
+
+// A row of at least a block.
+inline constexpr intptr_t kWrittenBlock = 16;
+template <class Form, class Rule, class To, class... Operand>
+VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To to,
+                                   Operand... from) {
+  const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kWrittenBlock - 1);
+  const intptr_t end = head + ((count - head) & -kWrittenBlock);
+  if (head > 0 && kHasMasks && underMask) {
+    if constexpr (kHasMasks)
+      WriteSelectedLanes(SomeLanes<Lanes<uint8_t, 16>>::LastBefore(head, head), rule, to, from...);
+  } else if (head > 0) {
+    WriteSelectedInShort(false, head, rule, to, from...);
+  }
+  // Registers of one block end where the blocks do: none reaches back.
+  if (Form::kBytes > kWrittenBlock && end - head >= Form::kBytes)
+    ApplyToRow(Blocks<Lanes<uint8_t, Form::kBytes>>{end, head}, rule, to, from...);
+  else
+    for (intptr_t x = head; x < end; x += kWrittenBlock)
+      ApplyAt(Block<Lanes<uint8_t, kWrittenBlock>>{x}, rule, to, from...);
+  if (end < count)
+    WriteSelectedInShort(underMask, count - end, rule, to.From(end), from.From(end)...);
+}
+
+// As BlendSingly.
+template <class To, class Rule, class... From>
+[[gnu::noinline, gnu::used]] void BlendSelectedSingly(int32_t rows, int32_t columns, To to,
+                                                      Rule rule, From... from)
+#if !defined(__SSSE3__)
+{
+  ForEachRow(
+      rows, [=](auto... row) VX_INLINED { WriteSelectedSingly(columns, rule, row...); }, to,
+      from...);
+}
+#else
+    ;
+#endif
+
+// Applies a rule that selects; a count below 1 touches no memory. Operands may overlap the
+// target in any way, as with BlendRows.
+template <class Form, class Rule, class To, class... From>
+VX_INLINE void BlendSelected(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
+  if (rows < 1 || columns < 1) return;
+  const bool underMask = StoresUnderMask<Rule>(columns, to.stride);
+  const auto inEachRow = [=](auto work) VX_INLINED {
+    ForEachRow(
+        rows, [=](auto... row) VX_INLINED { work(underMask, columns, rule, row...); }, to, from...);
+  };
+  if (Form::kBytes == 1 || (OverlapsInPart(from, to, rows, columns) || ...))
+    return BlendSelectedSingly(rows, columns, to, rule, from...);
+  if constexpr (Form::kBytes > 1) {
+    if (columns < kWrittenBlock)
+      inEachRow([](auto... row) VX_INLINED { WriteSelectedInShort(row...); });
+    else
+      inEachRow([](auto... row) VX_INLINED { WriteSelectedInLong<Form>(row...); });
+  }
+}
+
+}  // namespace vantrix
