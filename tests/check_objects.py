@@ -23,6 +23,9 @@ NEWER = {
     32: r"k[a-z]+[bwdq]\s|.*(%zmm|%k[0-7]|mm(1[6-9]|2\d|3[01])\b)",
     64: r"(andn|bextr|bls(i|r|msk)|bzhi|mulx|pdep|pext|rorx|(sa|sh)[lr]x|lzcnt|ad[co]x|movbe)[lq]?\s",
 }
+# Kernels that end with a fence, after the floating-point control is as it was.
+FENCED = ("BlendBurnPlanes8", "BlendScreenShare8")
+
 # What no kernel executes. Fused products are not rounded between, and makers approximate each in
 # their own way; the others take some processors very long. A store has its memory last.
 TO_MEMORY = r"[^(]*\s.*\)(\{%k\d\})?$"
@@ -88,6 +91,16 @@ def faults_of_code(bodies, form):
                     yield f"{what}: {instruction} in {name}"
 
 
+def faults_of_fences(bodies):
+    for name, body in bodies.items():
+        if not any(kernel in name for kernel in FENCED) or "Entry" in name:
+            continue
+        order = [instruction.split()[0].removeprefix("v") for instruction in body
+                 if re.match(r"v?(st|ld)mxcsr|mfence", instruction)]
+        if order[:2] != ["stmxcsr", "ldmxcsr"] or order[-2:] != ["ldmxcsr", "mfence"]:
+            yield f"control and fence in another order: {name} has {' '.join(order) or 'none'}"
+
+
 def kernels_of(bodies, references):
     """What a list of builds holds are getters; what a getter refers to is a kernel."""
     return {kernel for name in bodies if re.search("vantrixL?5Entry", name)
@@ -99,7 +112,8 @@ def main():
     faults, kernels = [], 0
     for path in objects:
         bodies, references = functions(path)
-        found = [*faults_of_names(path, form), *faults_of_code(bodies, form)]
+        found = [*faults_of_names(path, form), *faults_of_code(bodies, form),
+                 *faults_of_fences(bodies)]
         for kernel in kernels_of(bodies, references):
             kernels += 1
             text = "\n".join("\n".join(bodies[name]) for name in reached(kernel, references))

@@ -61,6 +61,23 @@ TEST(DeviationTest, HasTheKnownValuesAndReturnsThePoll) {
   }
 }
 
+// The host is polled before anything is read or written.
+uint8_t* polledSample;
+int64_t ChangeSample() {
+  *polledSample += 200;
+  return 0;
+}
+TEST(DeviationTest, PollsFirst) {
+  static Routine live[17] = {AsRoutine(ChangeSample)};
+  coreSuite.live = live;
+  for (DeviationRoutine* deviate : BuildsOf<DeviationRoutine>(kFilter, 12)) {
+    std::vector<uint8_t> source(3 * 32), destination(30);
+    polledSample = &source[33];
+    deviate(&source[33], destination.data(), 1, 30, 32, 30);
+    EXPECT_NE(destination[0], 0);
+  }
+}
+
 std::vector<uint8_t> KernelOf(int32_t radius, const std::vector<uint32_t>& weights) {
   std::vector<uint8_t> kernel(84 + 4 * weights.size());
   std::memcpy(&kernel[80], &radius, 4);
