@@ -1,44 +1,36 @@
 // vantrix-host: a small host for the plug-in.
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <vector>
 
+#if defined(_WIN32)
+#include <windows.h>
+// After it, as it needs its types.
+#include <shellapi.h>
+#endif
+
+#include "host/arguments.h"
 #include "host/demo/demo.h"
 #include "host/forms.h"
+#include "host/paths.h"
 #include "host/plugin_library.h"
-#include "host/services.h"
 #include "host/slots.h"
 #include "host/tables.h"
 #include "host/verify.h"
+#include "host/version.h"
 
 namespace vantrix::host {
 namespace {
 
-constexpr char kHelp[] =
-    "vantrix-host [--plugin FILE] COMMAND\n"
-    "\n"
-    "A small host: it lists its routine suites, starts the plug-in as any host does, and\n"
-    "calls routines through its own tables.\n"
-    "\n"
-    "  slots                what start-up did with each slot of each suite, and in which form\n"
-    "                       its kernel stands there\n"
-    "  slots --page         the page of slots (docs/SLOTS.md)\n"
-    "  verify [SCENES]      each served slot against the host's own routine, bit for bit,\n"
-    "                       on SCENES random and edge scenes a slot (2000)\n"
-    "  demo [PICTURE] OUT   run a picture through the tables, write the results as PNG\n"
-    "                       into the folder OUT, and show the times\n"
-    "\n"
-    "  --plugin FILE        the plug-in; by default the one beside this program\n"
-    "  --help               this text\n";
+using Command = Request::Command;
 
 [[noreturn]] void Fail(const std::string& reason) {
   std::fprintf(stderr, "vantrix-host: %s\n", reason.c_str());
   std::exit(1);
 }
 
-PluginMainRoutine* Load(const std::string& path) {
+PluginMainRoutine* Load(const std::filesystem::path& path) {
   std::string error;
   PluginMainRoutine* const pluginMain = LoadPlugin(path, &error);
   if (!pluginMain) Fail(error);
@@ -68,52 +60,57 @@ void PrintProcessor(const FormIndex* index) {
 }
 
 int Run(std::vector<std::string> arguments) {
-  std::string plugin = DefaultPluginPath();
-  if (arguments.size() >= 2 && arguments[0] == "--plugin") {
-    plugin = arguments[1];
-    arguments.erase(arguments.begin(), arguments.begin() + 2);
-  }
-  if (arguments.empty() || arguments[0] == "--help" || arguments[0] == "-h") {
-    std::fputs(kHelp, arguments.empty() ? stderr : stdout);
-    return arguments.empty() ? 1 : 0;
-  }
-  const std::string command = arguments[0];
-  arguments.erase(arguments.begin());
-  const size_t count = arguments.size();
+  int status = 0;
+  const auto request = ParseArguments(std::move(arguments), &status);
+  if (!request) return status;
 
-  if (command == "slots" && count == 1 && arguments[0] == "--page") {
-    const FormIndex* const index = FindFormIndex(Load(plugin));
-    if (!index) Fail(plugin + " does not tell the forms of its kernels");
+  PluginMainRoutine* const pluginMain = Load(request->plugin);
+  const FormIndex* const index = FindFormIndex(pluginMain);
+  if (request->command == Command::kSlotPage) {
+    if (!index) Fail(TextOf(request->plugin) + " does not tell the forms of its kernels");
     PrintSlotPage(*index);
     return 0;
   }
-  const bool isSlots = command == "slots" && count == 0;
-  const bool isVerify = command == "verify" && count <= 1;
-  const bool isDemo = command == "demo" && (count == 1 || count == 2);
-  if (!isSlots && !isVerify && !isDemo) {
-    const bool isKnown = command == "slots" || command == "verify" || command == "demo";
-    Fail((isKnown ? "wrong arguments for " : "unknown command ") + command + "; see --help");
-  }
-  int scenes = 2000;
-  if (isVerify && count == 1) scenes = std::atoi(arguments[0].c_str());
-  if (scenes < 1) Fail("the number of scenes must be at least 1");
-
   const Tables tables;
-  PluginMainRoutine* const pluginMain = Load(plugin);
   StartPlugin(pluginMain, tables);
-  std::printf("started %s\n", plugin.c_str());
-  if (isSlots) {
-    const FormIndex* const index = FindFormIndex(pluginMain);
-    PrintProcessor(index);
-    return PrintSlots(tables, index) ? 0 : 1;
+  std::printf("vantrix-host %s\nstarted %s\n", Version(),
+              TextOf(PathOfLibrary(pluginMain)).c_str());
+  switch (request->command) {
+    case Command::kVerify:
+      PrintProcessor(index);
+      return Verify(tables, index, {request->scenes, request->slot, request->scene}) ? 0 : 1;
+    case Command::kDemo:
+      return RunDemo(tables, request->picture, request->folder) ? 0 : 1;
+    default:
+      PrintProcessor(index);
+      return PrintSlots(tables, index) ? 0 : 1;
   }
-  if (isVerify) return Verify(tables, scenes) ? 0 : 1;
-  return RunDemo(tables, count == 2 ? arguments[0] : "", arguments.back()) ? 0 : 1;
+}
+
+// In UTF-8.
+std::vector<std::string> Arguments(int count, char** arguments) {
+#if defined(_WIN32)
+  static_cast<void>(arguments);
+  wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> texts;
+  for (int i = 1; i < count; ++i) texts.push_back(TextOf(std::filesystem::path(wide[i])));
+  LocalFree(wide);
+  SetConsoleOutputCP(CP_UTF8);
+  return texts;
+#else
+  return {arguments + 1, arguments + count};
+#endif
 }
 
 }  // namespace
 }  // namespace vantrix::host
 
 int main(int count, char** arguments) {
-  return vantrix::host::Run(std::vector<std::string>(arguments + 1, arguments + count));
+  const int status = vantrix::host::Run(vantrix::host::Arguments(count, arguments));
+  // What was printed is written only now, and may not have been.
+  if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
+    std::fputs("vantrix-host: cannot write the output\n", stderr);
+    return 1;
+  }
+  return status;
 }

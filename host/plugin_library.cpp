@@ -1,6 +1,6 @@
 #include "host/plugin_library.h"
 
-#include <filesystem>
+#include "host/paths.h"
 
 #if defined(_WIN32)
 #include <windows.h>
@@ -16,10 +16,28 @@ constexpr char kEntryPoint[] = "PluginMain";
 
 #if defined(_WIN32)
 constexpr char kFileName[] = "Vantrix.dll";
-std::filesystem::path ThisProgram() {
-  wchar_t path[MAX_PATH];
-  GetModuleFileNameW(nullptr, path, MAX_PATH);
-  return path;
+std::filesystem::path PathOfModule(HMODULE module) {
+  std::wstring path(MAX_PATH, 0);
+  while (GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size())) == path.size())
+    path.resize(2 * path.size());
+  return path.c_str();
+}
+std::filesystem::path ThisProgram() { return PathOfModule(nullptr); }
+HMODULE ModuleAround(PluginMainRoutine* entry) {
+  HMODULE module = nullptr;
+  GetModuleHandleExW(
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+      reinterpret_cast<LPCWSTR>(entry), &module);
+  return module;
+}
+std::string ReasonOfTheSystem() {
+  const DWORD error = GetLastError();
+  wchar_t text[256] = {};
+  FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                 text, 255, nullptr);
+  std::wstring reason(text);
+  reason.erase(reason.find_last_not_of(L" \r\n.") + 1);
+  return TextOf(std::filesystem::path(reason)) + " (" + std::to_string(error) + ")";
 }
 #else
 constexpr char kFileName[] = "libvantrix.so";
@@ -27,40 +45,54 @@ std::filesystem::path ThisProgram() {
   std::error_code ignored;
   return std::filesystem::read_symlink("/proc/self/exe", ignored);
 }
+std::string ReasonOfTheSystem() {
+  const char* const reason = dlerror();
+  return reason ? reason : "no reason given";
+}
 #endif
 
 }  // namespace
 
-std::string DefaultPluginPath() { return (ThisProgram().parent_path() / kFileName).string(); }
+std::filesystem::path DefaultPluginPath() { return ThisProgram().parent_path() / kFileName; }
 
-PluginMainRoutine* LoadPlugin(const std::string& path, std::string* error) {
+// By its whole path: a bare name would be searched for, and another library could be found.
+PluginMainRoutine* LoadPlugin(const std::filesystem::path& path, std::string* error) {
   std::error_code ignored;
-  if (!std::filesystem::exists(path, ignored)) {
-    *error = "there is no file " + path;
+  if (!std::filesystem::is_regular_file(path, ignored)) {
+    *error = "there is no file " + TextOf(path);
     return nullptr;
   }
+  const std::filesystem::path whole = std::filesystem::absolute(path);
 #if defined(_WIN32)
-  const HMODULE library = LoadLibraryW(std::filesystem::path(path).c_str());
+  const HMODULE library = LoadLibraryW(whole.c_str());
   void* const entry =
       library ? reinterpret_cast<void*>(GetProcAddress(library, kEntryPoint)) : nullptr;
 #else
-  void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+  void* const library = dlopen(whole.c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const entry = library ? dlsym(library, kEntryPoint) : nullptr;
 #endif
   if (!library)
-    *error = path + " is not a library that this system loads";
+    *error = TextOf(whole) + " is not a library that this system loads: " + ReasonOfTheSystem();
   else if (!entry)
-    *error = path + " does not export " + kEntryPoint;
+    *error = TextOf(whole) + " does not export " + kEntryPoint;
   return reinterpret_cast<PluginMainRoutine*>(entry);
 }
 
 #if defined(_WIN32)
+std::filesystem::path PathOfLibrary(PluginMainRoutine* entry) {
+  return PathOfModule(ModuleAround(entry));
+}
+#else
+std::filesystem::path PathOfLibrary(PluginMainRoutine* entry) {
+  Dl_info library;
+  return dladdr(reinterpret_cast<void*>(entry), &library) ? library.dli_fname : "";
+}
+#endif
+
+#if defined(_WIN32)
 std::vector<std::span<const char>> DataAround(PluginMainRoutine* entry) {
-  HMODULE library;
-  if (!GetModuleHandleExW(
-          GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-          reinterpret_cast<LPCWSTR>(entry), &library))
-    return {};
+  const HMODULE library = ModuleAround(entry);
+  if (!library) return {};
   const auto base = reinterpret_cast<const char*>(library);
   const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
   const auto nt = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);

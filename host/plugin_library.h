@@ -1,6 +1,7 @@
 // The plug-in as a file: loaded as any host would.
 #pragma once
 
+#include <filesystem>
 #include <span>
 #include <string>
 #include <vector>
@@ -10,10 +11,13 @@
 namespace vantrix::host {
 
 // The library that stands beside this program.
-std::string DefaultPluginPath();
+std::filesystem::path DefaultPluginPath();
 
 // Its entry point, or null with the reason in *error. The library stays loaded.
-PluginMainRoutine* LoadPlugin(const std::string& path, std::string* error);
+PluginMainRoutine* LoadPlugin(const std::filesystem::path& path, std::string* error);
+
+// The file that the system loaded it from.
+std::filesystem::path PathOfLibrary(PluginMainRoutine* entry);
 
 // The memory of the library that an entry point lies in, but for its code.
 std::vector<std::span<const char>> DataAround(PluginMainRoutine* entry);

@@ -9,9 +9,9 @@ thread_local Services services;
 
 int64_t Poll() { return ++services.polls; }
 
-uint64_t TakeNoiseBuffer(uint8_t*, uint32_t, uint32_t size) {
-  services.noiseBytes = size;
-  return 1;
+uint64_t TakeNoiseBuffer(uint8_t* base, uint32_t count, uint32_t size) {
+  services.noise = {base, count, size};
+  return kNoiseTaken;
 }
 
 uint32_t QueryCapability(uint32_t signature, uint32_t selector, void* answer) {

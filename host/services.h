@@ -15,10 +15,17 @@ struct Services {
 
   int polls = 0;
   int reports = 0;
-  uint32_t noiseBytes = 0;
+  struct Noise {
+    uint8_t* base = nullptr;
+    uint32_t count = 0, size = 0;
+    friend bool operator==(const Noise&, const Noise&) = default;
+  } noise;
 };
 // Each thread's own, as a host's threads count for themselves.
 extern thread_local Services services;
+
+// What TakeNoiseBuffer returns.
+inline constexpr uint64_t kNoiseTaken = 0x0123456789ABCDEF;
 
 int64_t Poll();
 uint64_t TakeNoiseBuffer(uint8_t* base, uint32_t count, uint32_t size);

@@ -1,39 +1,16 @@
 #include "host/tables.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <utility>
-
+#include "host/recorder.h"
 #include "host/services.h"
 
 namespace vantrix::host {
-namespace {
 
-template <int kSuite, int kSlot>
-void HasNoRoutine() {
-  std::fprintf(stderr,
-               "vantrix-host: suite %s slot %d was called, but this host has no routine for it\n",
-               Catalog()[kSuite].name, kSlot);
-  std::exit(3);
-}
-
-template <int kSuite, size_t... kSlot>
-std::vector<Routine> NoRoutines(std::index_sequence<kSlot...>) {
-  return {HasNoRoutine<kSuite, int{kSlot}>...};
-}
-
-template <size_t... kSuite>
-std::array<std::vector<Routine>, kSuiteCount> AllWithoutRoutines(std::index_sequence<kSuite...>) {
-  return {
-      NoRoutines<int{kSuite}>(std::make_index_sequence<kSuiteFormats[kSuite].savedEntries>{})...};
-}
-
-}  // namespace
-
-Tables::Tables() : defaults_(AllWithoutRoutines(std::make_index_sequence<kSuiteCount>{})) {
-  for (const SuiteEntry& suite : Catalog())
+Tables::Tables() {
+  for (const SuiteEntry& suite : Catalog()) {
+    defaults_[suite.index] = RecordingEntries(suite.index);
     for (const Reference& reference : suite.references)
       defaults_[suite.index][reference.slot] = reference.routine;
+  }
   auto& core = defaults_[kCore];
   core[kHostPoll] = reinterpret_cast<Routine>(Poll);
   core[kNoiseBuffer] = reinterpret_cast<Routine>(TakeNoiseBuffer);

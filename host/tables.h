@@ -12,7 +12,7 @@ namespace vantrix::host {
 class Tables {
  public:
   // All ten suites with the host's defaults: the reference routine of each settled
-  // slot, and in every other entry a routine that names its slot and ends the program.
+  // slot, and in every other entry one that records its calls.
   Tables();
 
   const SuiteParameterBlock* Block() const {

@@ -1,39 +1,154 @@
 #include "host/verify.h"
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 
 #include "host/exercise/fault.h"
+#include "host/recorder.h"
+#include "host/services.h"
 
 namespace vantrix::host {
+namespace {
 
-bool Verify(const Tables& tables, int scenes) {
-  Arena arena;
-  int passed = 0, failed = 0;
-  for (const SuiteEntry& suite : Catalog()) {
-    for (const Reference& reference : suite.references) {
-      if (!tables.IsChanged(suite.index, reference.slot)) continue;
-      std::string difference;
-      int scene = 0;
-      for (; scene < scenes && difference.empty(); ++scene) {
-        NameFault("suite %s slot %d, scene %d", suite.name, reference.slot, scene);
-        difference =
-            CompareRoutines(reference.exercise, tables.Default(suite.index, reference.slot),
-                            tables.Live(suite.index, reference.slot),
-                            Scene(arena, Choices(static_cast<uint64_t>(scene))));
-      }
-      const bool isSame = difference.empty();
-      ++(isSame ? passed : failed);
-      std::printf("%s %s %3d", isSame ? "ok    " : "FAILED", suite.name, reference.slot);
-      if (isSame)
-        std::printf("  %d scenes\n", scenes);
-      else
-        std::printf("  scene %d: %s\n", scene - 1, difference.c_str());
-      std::fflush(stdout);
-    }
+using Clock = std::chrono::steady_clock;
+
+// What a slot came to: in how many scenes it was tried, and what is wrong, if anything.
+struct Verdict {
+  int scenes = 0;
+  std::string wrong;
+  int scene = -1;  // the one in which it showed
+};
+
+class Verification {
+ public:
+  Verification(const Tables& tables, const FormIndex* index, const VerifyOptions& options)
+      : tables_(tables), index_(index), options_(options) {}
+
+  bool Run() {
+    for (const SuiteEntry& suite : Catalog())
+      for (size_t slot = 0; slot < tables_.EntryCount(suite.index); ++slot)
+        Try(suite, static_cast<uint16_t>(slot));
+    if (passed_ + failed_ == 0 && !options_.slot.empty())
+      std::fprintf(stderr, "vantrix-host: the plug-in writes no slot %s here\n",
+                   options_.slot.c_str());
+    std::printf("%d passed, %d failed\n", passed_, failed_);
+    return failed_ == 0 && passed_ > 0;
   }
-  NameNoFault();
-  std::printf("%d passed, %d failed\n", passed, failed);
-  return failed == 0;
+
+ private:
+  void Try(const SuiteEntry& suite, uint16_t slot) {
+    const std::string name = std::string(suite.name) + ':' + std::to_string(slot);
+    if (!options_.slot.empty() && options_.slot != name) return;
+    const auto isThis = [=](const Slot& line) { return line.index == slot; };
+    const auto line = std::ranges::find_if(suite.slots, isThis);
+    const bool isOpen = std::ranges::any_of(suite.slots, [&](const Slot& other) {
+      return isThis(other) && ProcessorOpens(other.gate);
+    });
+    const bool isWritten = tables_.IsChanged(suite.index, slot);
+    if (!isOpen && !isWritten) return;
+
+    Verdict verdict;
+    if (isOpen != isWritten)
+      verdict.wrong = isWritten ? "was written and should not be" : "was not written";
+    else if (suite.index == kCore)
+      verdict.wrong = WrongInNoiseHook(tables_.Live(kCore, slot));
+    else if (const Reference* const reference = FindReference(suite, slot))
+      verdict = Compare(suite, *reference);
+    else
+      verdict.wrong = WrongInSeveralPasses(suite.index, slot);
+    Print(name, line == suite.slots.end() ? "" : line->name, suite.index, slot, verdict);
+  }
+
+  Verdict Compare(const SuiteEntry& suite, const Reference& reference) {
+    Verdict verdict;
+    const int first = options_.scene.value_or(0);
+    const int end = options_.scene ? first + 1 : options_.scenes;
+    for (int scene = first; scene < end && verdict.wrong.empty(); ++scene) {
+      const auto compare = [&] {
+        verdict.wrong =
+            CompareRoutines(reference.exercise, tables_.Default(suite.index, reference.slot),
+                            tables_.Live(suite.index, reference.slot),
+                            Scene(arena_, Choices(static_cast<uint64_t>(scene))));
+      };
+      if (const char* const fault = FaultIn(compare)) verdict.wrong = fault;
+      verdict.scene = scene;
+      ++verdict.scenes;
+      ShowProgress(suite.name, reference.slot, scene, end);
+    }
+    return verdict;
+  }
+
+  static std::string WrongInSeveral(const std::function<std::optional<const char*>(int)>& tryOnce) {
+    for (int time = 0; time < 100; ++time) {
+      std::optional<const char*> wrong;
+      if (const char* const fault = FaultIn([&] { wrong = tryOnce(time); })) wrong = fault;
+      if (wrong) return *wrong;
+    }
+    return {};
+  }
+  std::string WrongInSeveralPasses(SuiteIndex suite, uint16_t slot) const {
+    return WrongInSeveral([=, this](int time) {
+      return WrongInPassingThrough(tables_.Live(suite, slot), suite, slot,
+                                   static_cast<uint64_t>(time));
+    });
+  }
+  static std::string WrongInNoiseHook(Routine hook) {
+    return WrongInSeveral([=](int time) -> std::optional<const char*> {
+      uint8_t noise[64];
+      const auto count = static_cast<uint32_t>(time);
+      const Services::Noise sent{noise + time % 64, count, 4 * count};
+      services.noise = {};
+      const uint64_t answer =
+          reinterpret_cast<NoiseBufferRoutine*>(hook)(sent.base, sent.count, sent.size);
+      if (services.noise != sent) return "the host's own routine was not called with all arguments";
+      if (answer != kNoiseTaken) return "the result is not the host's own routine's";
+      return {};
+    });
+  }
+
+  void Print(const std::string& name, const char* routine, SuiteIndex suite, uint16_t slot,
+             const Verdict& verdict) {
+    const std::string form = index_ ? FormOf(*index_, suite, slot, tables_.Live(suite, slot)) : "";
+    const bool isGood = verdict.wrong.empty();
+    ++(isGood ? passed_ : failed_);
+    std::printf("%s %-8s %-6s %-30s ", isGood ? "ok    " : "FAILED", name.c_str(), form.c_str(),
+                routine);
+    if (!isGood && verdict.scene >= 0)
+      std::printf(" scene %d: %s\n       again: vantrix-host verify --slot %s --scene %d\n",
+                  verdict.scene, verdict.wrong.c_str(), name.c_str(), verdict.scene);
+    else if (!isGood)
+      std::printf(" %s\n", verdict.wrong.c_str());
+    else if (verdict.scenes > 0)
+      std::printf(" %d scenes\n", verdict.scenes);
+    else
+      std::printf(" passed through\n");
+    std::fflush(stdout);
+  }
+
+  // Where a person looks on, every second what is being done.
+  void ShowProgress(const char* suite, int slot, int scene, int end) {
+    if (!isWatched_ || Clock::now() - shown_ < std::chrono::seconds(1)) return;
+    shown_ = Clock::now();
+    std::fprintf(stderr, "  %s:%d, scene %d of %d\r", suite, slot, scene + 1, end);
+    std::fflush(stderr);
+  }
+
+  const Tables& tables_;
+  const FormIndex* index_;
+  const VerifyOptions& options_;
+  Arena arena_;
+  int passed_ = 0, failed_ = 0;
+  const bool isWatched_ = isatty(STDERR_FILENO) != 0;
+  Clock::time_point shown_ = Clock::now();
+};
+
+}  // namespace
+
+bool Verify(const Tables& tables, const FormIndex* index, const VerifyOptions& options) {
+  return Verification(tables, index, options).Run();
 }
 
 }  // namespace vantrix::host

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "host/paths.h"
+
 namespace vantrix::host {
 namespace {
 
@@ -23,9 +25,16 @@ bool Fail(const std::string& reason) {
   return false;
 }
 
+// Whether pictures can be written there.
+bool IsWritable(const std::filesystem::path& folder) {
+  const std::filesystem::path probe = folder / "report.txt";
+  return static_cast<bool>(std::ofstream(probe) << "not finished\n" << std::flush);
+}
+
 }  // namespace
 
-bool RunDemo(const Tables& tables, const std::string& picturePath, const std::string& folder) {
+bool RunDemo(const Tables& tables, const std::filesystem::path& picturePath,
+             const std::filesystem::path& folder) {
   Picture photo;
   std::string error;
   if (picturePath.empty())
@@ -34,11 +43,12 @@ bool RunDemo(const Tables& tables, const std::string& picturePath, const std::st
     return Fail(error);
   std::error_code failure;
   std::filesystem::create_directories(folder, failure);
-  if (failure) return Fail("cannot make the folder " + folder);
+  if (failure) return Fail("cannot make the folder " + TextOf(folder));
+  if (!IsWritable(folder)) return Fail("cannot write into the folder " + TextOf(folder));
 
   std::printf("%s, %d x %d samples in 3 planes\n",
-              picturePath.empty() ? "a generated picture" : picturePath.c_str(), photo.width,
-              photo.height);
+              picturePath.empty() ? "a generated picture" : TextOf(picturePath).c_str(),
+              photo.width, photo.height);
   Session session(tables, std::move(photo), folder);
   int number = 0;
   for (const Operation& operation : kOperations) {
@@ -49,8 +59,8 @@ bool RunDemo(const Tables& tables, const std::string& picturePath, const std::st
 
   const std::string report = session.Report();
   std::printf("\n%s", report.c_str());
-  std::ofstream file(folder + "/report.txt");
-  if (!(file << report)) return Fail("cannot write " + folder + "/report.txt");
+  const std::filesystem::path path = folder / "report.txt";
+  if (!(std::ofstream(path) << report << std::flush)) return Fail("cannot write " + TextOf(path));
   return session.IsGood() || Fail("not every result is as it should be");
 }
 

@@ -1,7 +1,7 @@
 // The demonstration: a photograph run through the live tables.
 #pragma once
 
-#include <string>
+#include <filesystem>
 
 #include "host/demo/session.h"
 
@@ -30,6 +30,7 @@ std::vector<uint8_t> VignetteMask(int width, int height);
 // Runs all operations; writes pictures and report.txt into the folder, which is made
 // if need be, and prints the report. An empty path stands for a generated picture.
 // False with the reason printed.
-bool RunDemo(const Tables& tables, const std::string& picturePath, const std::string& folder);
+bool RunDemo(const Tables& tables, const std::filesystem::path& picturePath,
+             const std::filesystem::path& folder);
 
 }  // namespace vantrix::host

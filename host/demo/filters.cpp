@@ -76,17 +76,20 @@ Picture DifferenceMap(Session& session, bool isSigned) {
   struct alignas(16) Block {
     uint8_t samples[128];
   };
-  const auto blockAt = [&](int x, int y) {
+  // The outermost samples go on.
+  const auto blockAt = [&](int left, int top) {
     Block block;
-    for (int row = 0; row < 8; ++row)
-      std::memcpy(block.samples + 16 * row,
-                  photo.Row(1, std::min(y + row, photo.height - 1)) + std::min(x, photo.width - 16),
-                  16);
+    for (int y = 0; y < 8; ++y)
+      for (int x = 0; x < 16; ++x)
+        block.samples[16 * y + x] =
+            photo.Row(1, std::min(top + y, photo.height - 1))[std::min(left + x, photo.width - 1)];
     return block;
   };
+  // Whole blocks, at least one.
+  Picture map(std::max(16, photo.width / 16 * 16), std::max(8, photo.height / 8 * 8));
   std::vector<Block> here, there;
-  for (int y = 0; y + 8 <= photo.height; y += 8)
-    for (int x = 0; x + 16 <= photo.width; x += 16) {
+  for (int y = 0; y < map.height; y += 8)
+    for (int x = 0; x < map.width; x += 16) {
       here.push_back(blockAt(x, y));
       there.push_back(blockAt(x + 3, y + 2));
     }
@@ -100,7 +103,6 @@ Picture DifferenceMap(Session& session, bool isSigned) {
                                                               direction.samples)
                        : Call<BlockSADRoutine>(routine)(here[i].samples, there[i].samples));
       });
-  Picture map(photo.width / 16 * 16, photo.height / 8 * 8);
   for (int y = 0; y < map.height; ++y)
     for (int x = 0; x < map.width; ++x) {
       const int block = y / 8 * (map.width / 16) + x / 16;

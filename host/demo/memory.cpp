@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "host/demo/demo.h"
 #include "plugin/suites.h"
 #include "suites/memory/signatures.h"
@@ -20,7 +22,8 @@ void DemonstrateMemory(Session& session) {
       Call<CopyRectRoutine>(routine)(photo.Row(c, 0), target.Row(c, border) + border, photo.height,
                                      photo.width, photo.width, stride);
   });
-  const int side = photo.height / 4, inset = 2 * border;
+  const int shorter = std::min(photo.width, photo.height);
+  const int side = shorter / 4, inset = border + shorter / 16;
   session.Run<Picture>(kMemory, 4, &framed, [&](Routine routine, Picture& target) {
     const uint32_t color[] = {250, 200, 40};
     for (int c = 0; c < 3; ++c)

@@ -46,14 +46,16 @@ void Rasterize(const Outline& outline, FillArrayBlock* block) {
   }
 }
 
-// The middle of the picture, as large as a tile.
+// The middle of the picture, as large as a tile; of a small one each sample many times.
 Picture Thumbnail(const Picture& picture) {
-  const int square = std::min(picture.width, picture.height);
-  Picture middle(square, square);
+  const int square = std::min(picture.width, picture.height), side = std::max(square, kSide);
+  Picture middle(side, side);
   for (int c = 0; c < 3; ++c)
-    for (int y = 0; y < square; ++y)
-      std::copy_n(picture.Row(c, (picture.height - square) / 2 + y) + (picture.width - square) / 2,
-                  square, middle.Row(c, y));
+    for (int y = 0; y < side; ++y)
+      for (int x = 0; x < side; ++x)
+        middle.Row(c, y)[x] =
+            picture.Row(c, (picture.height - square) / 2 +
+                               y * square / side)[(picture.width - square) / 2 + x * square / side];
   return Reduced(middle, kSide);
 }
 

@@ -1,8 +1,11 @@
 #include "host/demo/picture.h"
 
 #include <cmath>
-#include <filesystem>
+#include <fstream>
 
+#include "host/paths.h"
+
+#define STBI_WINDOWS_UTF8
 #define STB_IMAGE_IMPLEMENTATION
 #define STB_IMAGE_WRITE_IMPLEMENTATION
 #include <stb_image.h>
@@ -10,16 +13,16 @@
 
 namespace vantrix::host {
 
-bool ReadPicture(const std::string& path, Picture* picture, std::string* error) {
+bool ReadPicture(const std::filesystem::path& path, Picture* picture, std::string* error) {
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) {
-    *error = "there is no picture " + path;
+    *error = "there is no picture " + TextOf(path);
     return false;
   }
   int width, height, channels;
-  uint8_t* const pixels = stbi_load(path.c_str(), &width, &height, &channels, 3);
+  uint8_t* const pixels = stbi_load(TextOf(path).c_str(), &width, &height, &channels, 3);
   if (!pixels) {
-    *error = path + " is not a picture that can be read (" + stbi_failure_reason() + ")";
+    *error = TextOf(path) + " is not a picture that can be read (" + stbi_failure_reason() + ")";
     return false;
   }
   *picture = Picture(width, height);
@@ -30,15 +33,21 @@ bool ReadPicture(const std::string& path, Picture* picture, std::string* error) 
   return true;
 }
 
-bool WritePicture(const std::string& path, const Picture& picture, std::string* error) {
+bool WritePicture(const std::filesystem::path& path, const Picture& picture, std::string* error) {
   const size_t count = picture.planes[0].size();
   std::vector<uint8_t> pixels(count * 3);
   for (size_t i = 0; i < count; ++i)
     for (size_t c = 0; c < 3; ++c) pixels[3 * i + c] = picture.planes[c][i];
-  if (stbi_write_png(path.c_str(), picture.width, picture.height, 3, pixels.data(),
-                     picture.width * 3))
+  // The encoder counts what it writes; what a full disk did not take shows in the stream.
+  std::ofstream file(path, std::ios::binary);
+  const auto write = [](void* to, void* bytes, int size) {
+    static_cast<std::ofstream*>(to)->write(static_cast<const char*>(bytes), size);
+  };
+  if (stbi_write_png_to_func(write, &file, picture.width, picture.height, 3, pixels.data(),
+                             picture.width * 3) &&
+      file.flush())
     return true;
-  *error = "cannot write " + path;
+  *error = "cannot write " + TextOf(path);
   return false;
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,8 @@ struct Picture {
 };
 
 // False with the reason in *error.
-bool ReadPicture(const std::string& path, Picture* picture, std::string* error);
-bool WritePicture(const std::string& path, const Picture& picture, std::string* error);
+bool ReadPicture(const std::filesystem::path& path, Picture* picture, std::string* error);
+bool WritePicture(const std::filesystem::path& path, const Picture& picture, std::string* error);
 
 // A picture made by rule: hills under a sky, where no photograph is at hand.
 Picture GeneratedPicture(int width, int height);

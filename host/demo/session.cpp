@@ -4,6 +4,8 @@
 #include <chrono>
 #include <cstdio>
 
+#include "host/paths.h"
+
 namespace vantrix::host {
 
 double TimeOf(const std::function<void()>& work) {
@@ -27,9 +29,9 @@ void Session::Note(SuiteIndex suite, uint16_t slot, Times times, bool isSame) {
 
 void Session::Save(const std::string& name, const Picture& picture) {
   std::string error;
-  const std::string path = folder_ + "/" + name;
+  const std::filesystem::path path = folder_ / name;
   if (WritePicture(path, picture, &error)) {
-    std::printf("  %s\n", path.c_str());
+    std::printf("  %s\n", TextOf(path).c_str());
     return;
   }
   std::fprintf(stderr, "vantrix-host: %s\n", error.c_str());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -13,7 +14,7 @@ namespace vantrix::host {
 
 class Session {
  public:
-  Session(const Tables& tables, Picture photo, std::string folder)
+  Session(const Tables& tables, Picture photo, std::filesystem::path folder)
       : tables_(tables), photo_(std::move(photo)), folder_(std::move(folder)) {}
 
   const Picture& Photo() const { return photo_; }
@@ -47,7 +48,7 @@ class Session {
 
   const Tables& tables_;
   Picture photo_;
-  std::string folder_;
+  std::filesystem::path folder_;
   std::vector<Row> rows_;
   bool isGood_ = true;
 };

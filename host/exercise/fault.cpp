@@ -4,54 +4,74 @@
 #include <windows.h>
 #else
 #include <signal.h>
-#include <unistd.h>
 #endif
+#include <xmmintrin.h>
 
-#include <cstdarg>
-#include <cstdio>
+#include <cstdint>
 
 namespace vantrix::host {
 namespace {
 
-char name[128];
+void* behind[5];  // where to go on after a fault
+bool isGuarded;
+const char* fault;
 
-void PrintName() { std::fprintf(stderr, "access fault in %s\n", name); }
+constexpr char kAccess[] = "touched memory that it may not";
+constexpr char kInstruction[] = "ran an instruction that this processor does not know";
+
+[[noreturn]] void GoBehind() { __builtin_longjmp(behind, 1); }
 
 #if defined(_WIN32)
-LONG WINAPI OnFault(EXCEPTION_POINTERS* fault) {
-  if (name[0] == 0 || fault->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION)
+LONG WINAPI OnFault(EXCEPTION_POINTERS* what) {
+  const DWORD code = what->ExceptionRecord->ExceptionCode;
+  const bool isAccess = code == EXCEPTION_ACCESS_VIOLATION;
+  if (!isGuarded || (!isAccess && code != EXCEPTION_ILLEGAL_INSTRUCTION))
     return EXCEPTION_CONTINUE_SEARCH;
-  PrintName();
-  TerminateProcess(GetCurrentProcess(), 1);
-  return EXCEPTION_CONTINUE_SEARCH;
+  isGuarded = false;
+  fault = isAccess ? kAccess : kInstruction;
+  // Goes on in GoBehind, as if it had been called where the fault was.
+  what->ContextRecord->Rsp = (what->ContextRecord->Rsp & ~DWORD64{15}) - 8;
+  what->ContextRecord->Rip = reinterpret_cast<DWORD64>(GoBehind);
+  return EXCEPTION_CONTINUE_EXECUTION;
 }
-void Watch() { SetUnhandledExceptionFilter(OnFault); }
+void Watch() { AddVectoredExceptionHandler(1, OnFault); }
 #else
 void OnFault(int number) {
-  if (name[0] != 0) {
-    PrintName();
-    _exit(1);
+  if (!isGuarded) {
+    signal(number, SIG_DFL);
+    raise(number);
+    return;
   }
-  signal(number, SIG_DFL);
-  raise(number);
+  isGuarded = false;
+  fault = number == SIGILL ? kInstruction : kAccess;
+  GoBehind();
 }
 void Watch() {
-  signal(SIGSEGV, OnFault);
-  signal(SIGBUS, OnFault);
+  struct sigaction action = {};
+  action.sa_handler = OnFault;
+  action.sa_flags = SA_NODEFER;  // the handler is left, not returned from
+  for (const int number : {SIGSEGV, SIGBUS, SIGILL}) sigaction(number, &action, nullptr);
 }
 #endif
 
-}  // namespace
-
-void NameFault(const char* format, ...) {
-  static const bool isWatching = (Watch(), true);
-  static_cast<void>(isWatching);
-  va_list arguments;
-  va_start(arguments, format);
-  std::vsnprintf(name, sizeof name, format, arguments);
-  va_end(arguments);
+// Apart, as a function that goes on behind a fault may hold nothing in registers.
+[[gnu::noinline]] bool Ends(const std::function<void()>& work) {
+  if (__builtin_setjmp(behind)) return false;
+  isGuarded = true;
+  work();
+  isGuarded = false;
+  return true;
 }
 
-void NameNoFault() { name[0] = 0; }
+}  // namespace
+
+const char* FaultIn(const std::function<void()>& work) {
+  static const bool isWatching = (Watch(), true);
+  static_cast<void>(isWatching);
+  const uint32_t control = _mm_getcsr();
+  if (Ends(work)) return nullptr;
+  _mm_setcsr(control);
+  return fault;
+}
 
 }  // namespace vantrix::host

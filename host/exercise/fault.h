@@ -1,11 +1,12 @@
-// Says what was running when memory outside a plane was touched.
+// Work that may touch memory outside a plane, or run what the processor does not know.
 #pragma once
+
+#include <functional>
 
 namespace vantrix::host {
 
-// Names what runs from now on, as printf would; an access fault prints the name and
-// ends the program with status 1.
-[[gnu::format(printf, 1, 2)]] void NameFault(const char* format, ...);
-void NameNoFault();
+// Does work(); returns what stopped it, or null. Work that was stopped does not go on: what it held
+// is lost, and floating-point control is as it was before.
+const char* FaultIn(const std::function<void()>& work);
 
 }  // namespace vantrix::host

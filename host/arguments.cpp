@@ -1,0 +1,81 @@
+#include "host/arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+
+#include "host/paths.h"
+#include "host/plugin_library.h"
+#include "host/version.h"
+
+namespace vantrix::host {
+namespace {
+
+constexpr char kAbout[] =
+    "A small host: it lists its routine suites, starts the plug-in as any host does, and calls\n"
+    "routines through its own tables.";
+
+}  // namespace
+
+std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* status) {
+  CLI::App app(kAbout, "vantrix-host");
+  app.set_help_all_flag("--help-all", "Print the help of every command");
+  app.set_version_flag("--version", std::string("vantrix-host ") + Version());
+  app.allow_windows_style_options(false);  // a path may begin with a slash
+  app.require_subcommand(1);
+  std::string plugin, picture, folder = "out";
+  app.add_option("--plugin", plugin, "The plug-in; by default the one beside this program")
+      ->type_name("FILE");
+  Request request{};
+
+  CLI::App* const slots = app.add_subcommand(
+      "slots", "What start-up did with each slot, and in which form its kernel stands there");
+  bool isPage = false;
+  slots->add_flag("--page", isPage, "Print the page of slots (docs/SLOTS.md)");
+
+  CLI::App* const verify = app.add_subcommand(
+      "verify",
+      "Compare each slot with the host's own routine, bit for bit, in random and edge "
+      "scenes");
+  constexpr int kMost = 1000000000;
+  verify->add_option("scenes,--scenes", request.scenes, "Scenes a slot")
+      ->type_name("SCENES")
+      ->capture_default_str()
+      ->check(CLI::Range(1, kMost));
+  verify->add_option("--slot", request.slot, "Only this slot, as blnd:2")->type_name("SUITE:SLOT");
+  verify->add_option("--scene", request.scene, "Only this scene")
+      ->type_name("SCENE")
+      ->check(CLI::Range(0, kMost));
+
+  CLI::App* const demo =
+      app.add_subcommand("demo", "Run a picture through the tables: results as PNG, and the times");
+  demo->add_option("picture", picture, "A picture; by default one is generated")
+      ->type_name("PICTURE");
+  demo->add_option("--out", folder, "The folder for results")
+      ->type_name("FOLDER")
+      ->capture_default_str();
+
+  try {
+    std::reverse(arguments.begin(), arguments.end());
+    app.parse(std::move(arguments));
+  } catch (const CLI::Success& asked) {
+    *status = app.exit(asked);
+    return {};
+  } catch (const CLI::ParseError& error) {
+    const std::vector<std::string> unknown = app.remaining();
+    const std::string reason = unknown.empty() ? error.what() : "unknown argument " + unknown[0];
+    std::fprintf(stderr, "vantrix-host: %s; see --help\n", reason.c_str());
+    *status = 1;
+    return {};
+  }
+  request.command = slots->parsed()
+                        ? isPage ? Request::Command::kSlotPage : Request::Command::kSlots
+                    : verify->parsed() ? Request::Command::kVerify
+                                       : Request::Command::kDemo;
+  request.plugin = plugin.empty() ? DefaultPluginPath() : PathOf(plugin);
+  request.picture = PathOf(picture);
+  request.folder = PathOf(folder);
+  return request;
+}
+
+}  // namespace vantrix::host

@@ -1,0 +1,20 @@
+# Pictures of any size go through the demonstration: cmake -DCOMMAND=... -DFOLDER=... -P.
+file(MAKE_DIRECTORY ${FOLDER})
+foreach(size 1x1 2x2 15x7 37x23 255x255 1x800 800x1 300x900 3000x60)
+  string(REPLACE "x" ";" sides ${size})
+  list(GET sides 0 width)
+  list(GET sides 1 height)
+  # Any samples: text is what CMake can write.
+  math(EXPR bytes "${width} * ${height} * 3")
+  set(samples "vantrix shows what it does to every sample; ")
+  string(LENGTH "${samples}" length)
+  math(EXPR times "${bytes} / ${length} + 1")
+  string(REPEAT "${samples}" ${times} samples)
+  string(SUBSTRING "${samples}" 0 ${bytes} samples)
+  file(WRITE ${FOLDER}/${size}.ppm "P6\n${width} ${height}\n255\n${samples}")
+  execute_process(COMMAND ${COMMAND} demo ${FOLDER}/${size}.ppm --out ${FOLDER}/${size}
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT status EQUAL 0 OR NOT EXISTS ${FOLDER}/${size}/paths.png)
+    message(FATAL_ERROR "${size}: status ${status}\n${output}")
+  endif()
+endforeach()

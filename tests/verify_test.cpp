@@ -1,0 +1,58 @@
+// The demonstration host's verification: what is wrong in a table is found, and costs that slot
+// alone.
+#include "host/verify.h"
+
+#include <gtest/gtest.h>
+
+#include "host/exercise/fault.h"
+
+extern "C" vantrix::PluginMainRoutine PluginMain;
+
+namespace vantrix {
+namespace {
+
+class VerifyTest : public ::testing::Test {
+ protected:
+  VerifyTest() {
+    int16_t result;
+    EXPECT_EQ(PluginMain(kStartUp, tables.Block(), 0, &result), 1);
+  }
+  bool IsGood(const char* slot) { return host::Verify(tables, nullptr, {3, slot, {}}); }
+  void Put(SuiteIndex suite, int slot, Routine routine) {
+    RecordsOf(tables.Block())[suite].routines[slot] = routine;
+  }
+  host::Tables tables;
+};
+
+void DoNothing() {}
+void TouchNull() { *reinterpret_cast<volatile char*>(uintptr_t{8}) = 1; }
+
+TEST_F(VerifyTest, FindsWhatIsWrongInATable) {
+  EXPECT_TRUE(IsGood("blnd:2"));
+  EXPECT_TRUE(IsGood("blnd:53"));
+  EXPECT_TRUE(IsGood("core:3"));
+  EXPECT_FALSE(IsGood("blnd:0")) << "nothing is written there";
+  Put(kBlend, 2, DoNothing);
+  Put(kBlend, 53, DoNothing);
+  Put(kBlend, 0, DoNothing);
+  Put(kCore, 3, DoNothing);
+  Put(kSelect, 26, tables.Default(kSelect, 26));
+  for (const char* slot : {"blnd:0", "blnd:2", "blnd:53", "core:3", "sele:26"})
+    EXPECT_FALSE(IsGood(slot)) << slot;
+}
+
+TEST_F(VerifyTest, GoesOnAfterAFault) {
+  Put(kBlend, 2, TouchNull);
+  Put(kBlend, 53, TouchNull);
+  EXPECT_FALSE(IsGood("blnd:2"));
+  EXPECT_FALSE(IsGood("blnd:53"));
+  EXPECT_TRUE(IsGood("blnd:3"));
+  for (int turn = 0; turn < 3; ++turn)
+    EXPECT_STREQ(host::FaultIn(TouchNull), "touched memory that it may not");
+  EXPECT_STREQ(host::FaultIn([] { asm volatile("ud2"); }),
+               "ran an instruction that this processor does not know");
+  EXPECT_EQ(host::FaultIn(DoNothing), nullptr);
+}
+
+}  // namespace
+}  // namespace vantrix
