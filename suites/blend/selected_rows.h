@@ -31,8 +31,9 @@ VX_INLINE void WriteSelectedSingly(intptr_t count, Rule rule, To to, From... fro
   });
 }
 
-// Whether short rows and ends are stored under masks. What was stored so is slow to load soon
-// after, so rows whose samples are read keep their distance.
+// Whether short rows and ends are stored under masks. A load that soon after meets any byte of such
+// a store waits for it, written or not. So a rule that reads the target stores so only where rows
+// lie 32 bytes apart.
 template <class Rule>
 VX_INLINE bool StoresUnderMask(int32_t columns, int64_t stride) {
   constexpr int64_t kReach = 2 * 16;  // behind a row's end and ahead of the next one's start
