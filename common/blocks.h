@@ -60,13 +60,9 @@ struct Blocks {
   template <class Work>
   VX_INLINE void ForEachBeforeLast(intptr_t x, Work work) const {
     const intptr_t last = end - kLaneCount<V>;
-    if constexpr (kMost > 0) {
 #pragma GCC unroll 2
-      for (int i = 1; i < kMost && x < last; ++i, x += kLaneCount<V>) work(Block<V>{x});
-    } else {
-#pragma GCC unroll 2
-      for (; x < last; x += kLaneCount<V>) work(Block<V>{x});
-    }
+    for (int i = 1; (kMost == 0 || i < kMost) && x < last; ++i, x += kLaneCount<V>)
+      work(Block<V>{x});
   }
   // All of them, in order.
   template <class Work>

@@ -88,8 +88,9 @@ constexpr int FewestInRegister() {
 }
 
 // One sample after another. Its body stands in the units without instructions of their own, which
-// those of wider forms call too: it need be in the library once. Used: a compiler that sees no
-// other call than its own may leave a copy made for that one alone.
+// those of wider forms call too: it need be in the library once. So rules must have names outside
+// their unit. Used: a compiler that sees no other call than its own may leave a copy made for that
+// one alone.
 template <class To, class Rule, class... From>
 [[gnu::noinline, gnu::used]] void BlendSingly(int32_t rows, int32_t columns, To to, Rule rule,
                                               From... from)

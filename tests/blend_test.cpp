@@ -1,8 +1,8 @@
-// The blends over all inputs, and what they leave alone.
+// The blends over all inputs, and over overlaps that random scenes do not reach.
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
-#include <functional>
+#include <algorithm>
 #include <vector>
 
 #include "common/tables.h"
@@ -89,32 +89,19 @@ OnPairs* OnPairsOf(const TestedBuild& build) {
     host::Exercise* exercise;
     OnPairs* onPairs;
   } shapes[] = {
-      {host::ExercisePlaneBlend, PlaneOnPairs},
-      {host::ExercisePlaneBlend, PlaneOnPairs},
-      {host::ExerciseOpacityBlend, OpacityOnPairs},
-      {host::ExerciseOpacityBlend, OpacityOnPairs},
-      {host::ExerciseMaskedBlend, MaskedOnPairs},
-      {host::ExerciseMaskedBlend, MaskedOnPairs},
-      {host::ExerciseColorMaskedBlend, ColorOnPairs},
-      {host::ExerciseColorMaskedBlend, ColorOnPairs},
-      {host::ExercisePlanesBlend, PlanesOnPairs},
-      {host::ExerciseInvertBlend, InvertOnPairs},
-      {host::ExerciseShareBlend, ShareOnPairs},
-      {host::ExerciseMaskFirstBlend, MaskFirstOnPairs},
+      {host::ExercisePlaneBlend, PlaneOnPairs},   {host::ExerciseOpacityBlend, OpacityOnPairs},
+      {host::ExerciseMaskedBlend, MaskedOnPairs}, {host::ExerciseColorMaskedBlend, ColorOnPairs},
+      {host::ExercisePlanesBlend, PlanesOnPairs}, {host::ExerciseInvertBlend, InvertOnPairs},
+      {host::ExerciseShareBlend, ShareOnPairs},   {host::ExerciseMaskFirstBlend, MaskFirstOnPairs},
   };
   for (const auto& shape : shapes)
     if (shape.exercise == ReferenceOf(build)->exercise) return shape.onPairs;
   return nullptr;
 }
 
-std::vector<TestedBuild> BlendBuilds(std::initializer_list<int> slots = {}) {
+std::vector<TestedBuild> BlendBuilds(std::initializer_list<uint16_t> slots = {}) {
   BuildSharedTables();
-  std::vector<TestedBuild> builds;
-  for (const TestedBuild& build : AllBuilds())
-    if (build.suite == kBlend && build.runsHere &&
-        (slots.size() == 0 || std::count(slots.begin(), slots.end(), build.slot)))
-      builds.push_back(build);
-  return builds;
+  return BuildsHere(kBlend, slots);
 }
 
 class BlendTest : public ::testing::TestWithParam<TestedBuild> {};
@@ -197,52 +184,6 @@ TEST(BlendValuesTest, AreThoseWorkedOutByHand) {
   }
 }
 
-// Eight samples at offset 5 and twelve more are a head and a tail without a block; with
-// nothing selected, none of them may be written, not even with its own value.
-TEST(ThresholdTest, WritesNoUnselectedSampleOutsideItsBlocks) {
-  const host::Arena arena(1, host::Arena::kPage);
-  uint8_t* const d = arena.Region(0);
-  arena.SetWritable(0, host::Arena::kPage, false);
-  const Samples source(64, 9), below(64, 127), one(64, 1);
-  for (const TestedBuild& b : BlendBuilds({30, 31, 106})) {
-    for (int offset = 0; offset < 16; ++offset) {
-      const int head = -offset & 15;
-      for (int columns = 1; columns < head + 16; ++columns) {
-        if (b.slot == 30)
-          Call<MaskedBlend>(b.routine)(source.data(), d + offset, below.data(), 1, columns, 1, 1,
-                                       1);
-        else if (b.slot == 31)
-          Call<ColorMaskedBlend>(b.routine)(9, d + offset, below.data(), 1, columns, 1, 1);
-        else
-          Call<MaskFirstBlend>(b.routine)(one.data(), d + offset, 1, columns, 1, 1, 9);
-      }
-    }
-  }
-}
-
-// A tail behind blocks, which are written: it begins with a page that is read only.
-TEST(ThresholdTest, WritesNoUnselectedSampleBehindItsBlocks) {
-  const host::Arena arena(1, 2 * host::Arena::kPage);
-  uint8_t* const boundary = arena.Region(0) + host::Arena::kPage;
-  arena.SetWritable(0, 2 * host::Arena::kPage, false);
-  arena.SetWritable(0, host::Arena::kPage, true);
-  const Samples source(64, 9);
-  for (const TestedBuild& b : BlendBuilds({30, 31}))
-    for (int blocks = 16; blocks <= 48; blocks += 16) {
-      Samples mask(64, 200);
-      std::fill(mask.begin() + blocks, mask.end(), uint8_t{127});
-      for (int tail = 1; tail < 16; ++tail) {
-        uint8_t* const d = boundary - blocks;
-        d[blocks - 1] = 5;
-        if (b.slot == 30)
-          Call<MaskedBlend>(b.routine)(source.data(), d, mask.data(), 1, blocks + tail, 1, 1, 1);
-        else
-          Call<ColorMaskedBlend>(b.routine)(9, d, mask.data(), 1, blocks + tail, 1, 1);
-        EXPECT_EQ(d[blocks - 1], 9);
-      }
-    }
-}
-
 // Rows of at most 4096 samples are taken as they were before each row is written.
 TEST(CopiedRowsTest, EndAtFourThousandNinetySixSamples) {
   const auto blended = [](Routine routine, int columns) {
@@ -257,106 +198,23 @@ TEST(CopiedRowsTest, EndAtFourThousandNinetySixSamples) {
           << NameOf(b) << ' ' << columns;
 }
 
-// Of masked lighten and darken a sample is left alone whose source is not lighter or darker: in
-// rows without a whole block, and in blocks in which that is so of all samples.
-TEST(ExtremesInPartTest, WriteNoSampleThatTheyLeaveAlone) {
-  const host::Arena arena(1, host::Arena::kPage);
-  uint8_t* const d = arena.Region(0);
-  std::fill(d, d + host::Arena::kPage, uint8_t{100});
-  arena.SetWritable(0, host::Arena::kPage, false);
-  const Samples lighter(512, 101), same(512, 100), darker(512, 99), full(512, 255);
-  for (const TestedBuild& b : BlendBuilds({7, 8, 10, 11})) {
-    const bool lightens = b.slot >= 10;
-    for (int offset = 0; offset < 16; ++offset) {
-      for (int columns = 1; columns < 200; ++columns) {
-        for (const Samples& source : {same, lightens ? darker : lighter}) {
-          if (b.slot == 7 || b.slot == 10)
-            Call<MaskedBlend>(b.routine)(source.data(), d + offset, full.data(), 1, columns, 1, 1,
-                                         1);
-          else
-            Call<ColorMaskedBlend>(b.routine)(source[0], d + offset, full.data(), 1, columns, 1, 1);
-        }
+// Full-strength lighten and darken: each sample is the extreme of itself and the one `behind`
+// before it, as that one is by then.
+TEST(ChangedBlocksTest, CarriesForwardOverAnOverlap) {
+  for (const TestedBuild& b : BlendBuilds({28, 29}))
+    for (int behind = 1; behind < 70; ++behind) {
+      Samples memory(400), expected;
+      for (size_t i = 0; i < memory.size(); ++i) memory[i] = static_cast<uint8_t>(i * 89);
+      expected = memory;
+      for (size_t i = 100; i < 300; ++i) {
+        const uint8_t s = expected[i - static_cast<size_t>(behind)];
+        expected[i] = b.slot == 28 ? std::max(s, expected[i]) : std::min(s, expected[i]);
       }
-    }
-  }
-}
-
-// One sample that changes lies in a head or a tail, the others beside it on another page.
-TEST(ExtremesInPartTest, WriteNothingBesideASampleThatChanges) {
-  const host::Arena arena(1, 2 * host::Arena::kPage);
-  uint8_t* const boundary = arena.Region(0) + host::Arena::kPage;
-  std::fill(arena.Region(0), boundary + 64, uint8_t{100});
-  arena.SetWritable(0, host::Arena::kPage, false);
-  const Samples full(64, 255);
-  for (const TestedBuild& b : BlendBuilds({7, 10})) {
-    for (int before = 1; before < 16; ++before) {
-      for (int at = 0; at < 16 - before; ++at) {
-        Samples source(32, 100);
-        source[static_cast<size_t>(before + at)] = b.slot == 10 ? 255 : 0;
-        boundary[at] = 100;
-        Call<MaskedBlend>(b.routine)(source.data(), boundary - before, full.data(), 1,
-                                     before + at + 1, 1, 1, 1);
-        EXPECT_EQ(boundary[at], b.slot == 10 ? 255 : 0) << NameOf(b) << before << at;
-      }
-    }
-  }
-}
-
-class ChangedBlocksTest : public ::testing::TestWithParam<TestedBuild> {
- protected:
-  // A source sample that changes nothing, and one that does.
-  uint8_t Same() const { return GetParam().slot == 28 ? 0 : 255; }
-  uint8_t Changing() const { return GetParam().slot == 28 ? 255 : 0; }
-  void Blend(const uint8_t* source, uint8_t* destination, int32_t columns) const {
-    Call<PlaneBlend>(GetParam().routine)(source, destination, 1, columns, columns, columns);
-  }
-};
-
-TEST_P(ChangedBlocksTest, StoresNoBlockThatStaysAsItIs) {
-  const host::Arena arena(1, 2 * host::Arena::kPage);
-  uint8_t* const boundary = arena.Region(0) + host::Arena::kPage;
-  std::fill(arena.Region(0), boundary + 64, uint8_t{100});
-  arena.SetWritable(0, host::Arena::kPage, false);
-  Samples source(128, Same());
-  Blend(source.data(), boundary - 128, 128);  // all of it on the page that is read only
-
-  // A step of two blocks about the boundary, of which the second changes in one sample.
-  for (int at = 0; at < 16; ++at) {
-    source.assign(32, Same());
-    source[16 + at] = Changing();
-    boundary[at] = 100;
-    Blend(source.data(), boundary - 16, 32);
-    EXPECT_EQ(boundary[at], Changing()) << at;
-  }
-
-  // Steps on the page that is read only, and behind it the 16 to 31 samples that are left and
-  // written in any case.
-  for (int steps = 1; steps <= 4; ++steps)
-    for (int left = 16; left < 32; ++left) {
-      source.assign(200, Same());
-      Blend(source.data(), boundary - 32 * steps, 32 * steps + left);
+      Call<PlaneBlend>(b.routine)(memory.data() + 100 - behind, memory.data() + 100, 1, 200, 200,
+                                  200);
+      ASSERT_EQ(memory, expected) << NameOf(b) << behind;
     }
 }
-
-TEST_P(ChangedBlocksTest, CarriesForwardOverAnOverlap) {
-  // Each sample is the extreme of itself and the one `behind` before it, as that one is
-  // by then.
-  for (int behind = 1; behind < 70; ++behind) {
-    Samples memory(400), expected;
-    for (size_t i = 0; i < memory.size(); ++i) memory[i] = static_cast<uint8_t>(i * 89);
-    expected = memory;
-    for (size_t i = 100; i < 300; ++i) {
-      const uint8_t s = expected[i - static_cast<size_t>(behind)];
-      expected[i] = GetParam().slot == 28 ? std::max(s, expected[i]) : std::min(s, expected[i]);
-    }
-    Blend(memory.data() + 100 - behind, memory.data() + 100, 200);
-    ASSERT_EQ(memory, expected) << behind;
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(LightenDarken, ChangedBlocksTest,
-                         ::testing::ValuesIn(BlendBuilds({28, 29})),
-                         [](const auto& test) { return NameOf(test.param); });
 
 // The whole register, sticky flags included, in every rounding mode, also where there
 // is nothing to do; and no quotient depends on the mode.

@@ -1,6 +1,8 @@
 // Every build of every kernel, as test parameters.
 #pragma once
 
+#include <algorithm>
+#include <initializer_list>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -65,13 +67,23 @@ inline std::vector<TestedBuild> AllBuilds() {
   return builds;
 }
 
+// Those of a suite, or of some of its slots, that run here.
+inline std::vector<TestedBuild> BuildsHere(SuiteIndex suite,
+                                           std::initializer_list<uint16_t> slots = {}) {
+  std::vector<TestedBuild> builds;
+  for (const TestedBuild& build : AllBuilds())
+    if (build.suite == suite && build.runsHere &&
+        (slots.size() == 0 || std::ranges::find(slots, build.slot) != slots.end()))
+      builds.push_back(build);
+  return builds;
+}
+
 // Those of one slot that run here.
 template <class Signature>
 std::vector<Signature*> BuildsOf(SuiteIndex suite, uint16_t slot) {
   std::vector<Signature*> routines;
-  for (const TestedBuild& build : AllBuilds())
-    if (build.suite == suite && build.slot == slot && build.runsHere)
-      routines.push_back(Call<Signature>(build.routine));
+  for (const TestedBuild& build : BuildsHere(suite, {slot}))
+    routines.push_back(Call<Signature>(build.routine));
   return routines;
 }
 

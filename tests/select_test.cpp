@@ -133,25 +133,6 @@ void ExpectLine(Signature* propagate, std::vector<T> priority, std::vector<T> va
   EXPECT_EQ(value, valueAfter);
 }
 
-// Of a row that fills no block only entries that change are written: the others lie on a page that
-// is read only.
-TEST(SpreadMarkTest, WritesInShortRowsOnlyWhatChanges) {
-  const host::Arena arena(1, 2 * host::Arena::kPage);
-  uint8_t* const boundary = arena.Region(0) + host::Arena::kPage;
-  std::fill(boundary, boundary + 16, uint8_t{3});
-  arena.SetWritable(0, 2 * host::Arena::kPage, false);
-  arena.SetWritable(0, host::Arena::kPage, true);
-  for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26))
-    for (int width = 2; width < 16; ++width)
-      for (int before = 1; before < width; ++before) {
-        uint8_t* const second = boundary - before;
-        std::fill(second - 100, boundary, uint8_t{3});
-        second[-100] = 255;
-        spread(second - 100, 2, width, 100);
-        EXPECT_EQ(second[0], 131);
-      }
-}
-
 // Whether entries are apart, against all of them one by one: never wrongly so, and always where
 // lines lie as in a picture.
 TEST(PropagateTest, TellsEntriesThatAreApart) {
@@ -181,50 +162,6 @@ TEST(PropagateTest, TellsEntriesThatAreApart) {
       EXPECT_TRUE(EntriesAreApart(memory, memory + to, 20, 10, back, 100));
       EXPECT_TRUE(EntriesAreApart(memory, memory + to, 10, 20, 100, back));
     }
-}
-
-// What does not change is not written: an empty mask may be read only.
-TEST(SpreadMarkTest, WritesNoRowThatStaysAsItIs) {
-  const host::Arena arena(1, 2 * host::Arena::kPage);
-  uint8_t* const first = arena.Region(0);
-  std::fill(first, first + 2 * host::Arena::kPage, uint8_t{127});
-  uint8_t* const boundary = first + host::Arena::kPage;
-  arena.SetWritable(0, host::Arena::kPage, false);
-  for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26)) {
-    for (int width = 1; width < 140; ++width) {
-      spread(first, 20, width, 200);
-      // Rows about the boundary, of which the second one behind it is marked.
-      std::fill(boundary, boundary + 200 * 4, uint8_t{127});
-      boundary[200] = 255;
-      spread(boundary - 200 * 3, 7, width, 200);
-      EXPECT_EQ(boundary[0], 255);
-    }
-  }
-}
-
-TEST(PropagateTest, WritesNoEntryThatKeepsItsOwn) {
-  const host::Arena arena(2, host::Arena::kPage);
-  const auto protect = [&](bool isWritable) {
-    for (int plane = 0; plane < 2; ++plane)
-      arena.SetWritable(plane, host::Arena::kPage, isWritable);
-  };
-  auto* const priority = arena.Region(0);
-  auto* const value = arena.Region(1);
-  protect(false);
-  // All empty, in lines side by side and along rows.
-  for (Propagate8Routine* propagate : BuildsOf<Propagate8Routine>(kSelect, 35))
-    for (int lines = 1; lines < 140; ++lines) {
-      propagate(priority, value, lines, 20, 1, 140);
-      propagate(priority, value, 20, lines, 140, 1);
-    }
-  for (Propagate16Routine* propagate : BuildsOf<Propagate16Routine>(kSelect, 73))
-    for (int lines = 1; lines < 70; ++lines) {
-      propagate(reinterpret_cast<uint16_t*>(priority), reinterpret_cast<uint16_t*>(value), lines,
-                20, 2, 140);
-      propagate(reinterpret_cast<uint16_t*>(priority), reinterpret_cast<uint16_t*>(value), 20,
-                lines, 140, 2);
-    }
-  protect(true);
 }
 
 TEST(PropagateTest, FollowsTheRuleAlongALine) {

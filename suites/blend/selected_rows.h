@@ -6,13 +6,15 @@
 #pragma once
 
 #include "common/changed.h"
+#include "common/groups.h"
 #include "common/masked.h"
 #include "common/rows.h"
 
 namespace vantrix {
 
 // Rules say of a register which samples they select, and what becomes of those:
-// rule.Selects(d, samples...), rule.Selected(d, samples...).
+// rule.Selects(d, samples...), rule.Selected(d, samples...); and by kReadsTarget whether either
+// looks at d.
 template <class Place, class Rule, class To, class... From>
 VX_INLINE auto SelectsAt(Place place, Rule rule, To to, From... from) {
   return rule.Selects(to.At(place), from.At(place)...);
@@ -21,6 +23,22 @@ template <class Place, class Rule, class To, class... From>
 VX_INLINE auto SelectedAt(Place place, Rule rule, To to, From... from) {
   return rule.Selected(to.At(place), from.At(place)...);
 }
+
+// Samples as they were read, and as they are to be. What was read counts: read again, a sample may
+// be another thread's, whose store would be undone.
+template <class V>
+struct Change {
+  V before, after;
+};
+
+// A target of whose blocks only those groups are stored in which a sample changes.
+struct ChangedGroupsTarget : Target {
+  template <class V>
+  VX_LANE void Write(Block<V> block, Change<V> samples) const {
+    StoreChangedGroups(row + block.x, samples.before, samples.after);
+  }
+  VX_LANE ChangedGroupsTarget From(intptr_t x) const { return {Target::From(x)}; }
+};
 
 // Sample by sample. Masks vary: branches would be mispredicted.
 template <class Rule, class To, class... From>

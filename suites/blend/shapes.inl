@@ -8,7 +8,7 @@
 
 namespace vantrix {
 
-// A rule that also tells what was read.
+// A rule that also tells what was read; of a mode in part so does the mode.
 template <class Rule>
 struct WithBefore : Rule {
   template <class V, class... S>
@@ -17,19 +17,15 @@ struct WithBefore : Rule {
   }
 };
 template <class Mode>
-struct WithBefore<Weighted<Mode>> : Weighted<Mode> {
+struct WeightedWithBefore : WithBefore<Weighted<Mode>> {
   WithBefore<Mode> full;
-  template <class V, class S>
-  VX_INLINE Change<V> operator()(V d, S s, V w) const {
-    return {d, Weighted<Mode>::operator()(d, s, w)};
-  }
 };
 
 template <class Mode, class Form, class Rule, class... From>
 VX_INLINE void BlendMode(int32_t rows, int32_t columns, Target to, Rule rule, From... from) {
   if constexpr (Mode::kLeavesAlone)
-    BlendSelected<Form>(rows, columns, ChangedGroupsTarget{to}, WithBefore<Rule>{rule, {}},
-                        from...);
+    BlendSelected<Form>(rows, columns, ChangedGroupsTarget{to},
+                        WeightedWithBefore<Mode>{{rule}, {}}, from...);
   else if constexpr (Mode::kCopiesRows)
     BlendRowsAsIfCopied<Form>(rows, columns, to, rule, from...);
   else

@@ -6,6 +6,8 @@
 
 namespace vantrix {
 
+// Of a varied mask half is light, and few samples are quicker taken one by one; zeros are seldom,
+// and mostly none of a register is one. Measured.
 struct WhereLight {
   static constexpr int kFewestInRegister = 8;
   template <class V>
@@ -14,7 +16,7 @@ struct WhereLight {
   }
 };
 struct WhereZero {
-  static constexpr int kFewestInRegister = 2;  // masks are seldom 0
+  static constexpr int kFewestInRegister = 2;
   template <class V>
   VX_INLINE auto operator()(V m) const {
     return m == 0;

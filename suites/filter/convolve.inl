@@ -254,7 +254,8 @@ VX_INLINE uint32_t ConvolveByPairs(WindowPlanes planes, intptr_t taps, const uin
 
 #endif
 
-// In registers, as a structure would be stored in parts and loaded whole.
+// The planes come one by one, in registers: a structure would be stored in parts and loaded whole,
+// and the load would wait.
 template <class Form>
 [[gnu::noinline]] void Convolve(const uint8_t* top, uint8_t* destination, uint32_t rows,
                                 intptr_t columns, intptr_t sourceStride, intptr_t destinationStride,

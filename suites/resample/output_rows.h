@@ -45,15 +45,15 @@ VX_INLINE void ForEachOutputRow(const Sample* source, Sample* destination, int32
   const int64_t reach = taps.count > 0 ? (taps.count - int64_t{1}) * sourceStride : 0;
   const int64_t least = (reach < 0 ? reach : 0) - bytes + 1;
   auto crossings = static_cast<uint64_t>((reach < 0 ? -reach : reach) + 2 * bytes - 1);
-  bool isAsked = false;
+  bool areColumnsCompared = false;  // once is enough: strides are the same in all rows
   for (int32_t i = 0; i < count; ++i) {
     uint8_t* const row = to + i * destinationStride;
     const uint8_t* const first = from + taps.First(i) * sourceStride;
     const int16_t* const weights = taps.weights + taps.Base(i);
     const auto apart = static_cast<uint64_t>(AddressOf(row) - AddressOf(first) - least);
     if (__builtin_expect(apart < crossings, 0)) {
-      if (!isAsked) {
-        isAsked = true;
+      if (!areColumnsCompared) {
+        areColumnsCompared = true;
         if (ColumnsAreApart(first, sourceStride, bytes, row, destinationStride, bytes))
           crossings = 0;
       }
