@@ -25,7 +25,10 @@ class VerifyTest : public ::testing::Test {
 };
 
 void DoNothing() {}
-void TouchNull() { *reinterpret_cast<volatile char*>(uintptr_t{8}) = 1; }
+void TouchNull() {
+  volatile uintptr_t place = 8;  // volatile: compilers warn of an address that they know
+  *reinterpret_cast<volatile char*>(place) = 1;
+}
 
 TEST_F(VerifyTest, FindsWhatIsWrongInATable) {
   EXPECT_TRUE(IsGood("blnd:2"));
