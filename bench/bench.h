@@ -17,11 +17,11 @@ namespace vantrix::bench {
 // Cycles of this processor per tick of its time stamp counter, measured once.
 double CyclesPerTick();
 
-// Registers a benchmark of one routine: the exercise builds the scene of this shape, in
-// which all planes are aligned or none is, and the routine is called in it again and again.
-// Counts cycles per sample of the shape and cycles per row.
+// Registers a benchmark of one routine: the exercise builds the scene of this shape, and the
+// routine is called in it again and again. Counts cycles per sample of the shape and cycles per
+// row.
 void Register(const std::string& name, host::Exercise* exercise, Routine routine, host::Shape shape,
-              bool isMisaligned);
+              host::Measured how);
 
 // The arena in which all routines are measured, one after another.
 host::Arena& MeasuringArena();
@@ -43,7 +43,7 @@ struct Case {
   std::string setting;  // empty for the usual one
   host::Exercise* exercise;
   std::vector<host::Shape> shapes;
-  bool isMisaligned = false;  // then the kernels alone are measured
+  host::Measured how = {};  // where planes are misaligned the kernels alone are measured
 };
 std::vector<Case> Cases();
 
