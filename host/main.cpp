@@ -11,6 +11,7 @@
 #endif
 
 #include "host/arguments.h"
+#include "host/bench/bench.h"
 #include "host/demo/demo.h"
 #include "host/forms.h"
 #include "host/paths.h"
@@ -82,11 +83,15 @@ int Run(std::vector<std::string> arguments) {
   }
   const Tables tables;
   StartPlugin(pluginMain, tables);
+  if (const std::string wrong = WrongWithSlots(tables, request->slots); !wrong.empty()) Fail(wrong);
   PrintLibrary(PathOfLibrary(pluginMain), index);
   switch (request->command) {
     case Command::kVerify:
       PrintProcessor(index);
       return Verify(tables, index, {request->scenes, request->slot, request->scene}) ? 0 : 1;
+    case Command::kBench:
+      PrintProcessor(index);
+      return RunBench(tables, index, {request->slots, request->seconds}) ? 0 : 1;
     case Command::kDemo:
       return RunDemo(tables, request->picture, request->folder) ? 0 : 1;
     default:
