@@ -13,6 +13,7 @@
 #include "host/arguments.h"
 #include "host/demo/demo.h"
 #include "host/forms.h"
+#include "host/machine.h"
 #include "host/paths.h"
 #include "host/plugin_library.h"
 #include "host/slots.h"
@@ -80,7 +81,7 @@ int Run(std::vector<std::string> arguments) {
       PrintProcessor(index);
       return Verify(tables, index, {request->scenes, request->slot, request->scene}) ? 0 : 1;
     case Command::kDemo:
-      return RunDemo(tables, request->picture, request->folder) ? 0 : 1;
+      return RunDemo(tables, index, {request->picture, request->folder}) ? 0 : 1;
     default:
       PrintProcessor(index);
       return PrintSlots(tables, index) ? 0 : 1;
