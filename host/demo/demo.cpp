@@ -21,6 +21,8 @@ constexpr Operation kOperations[] = {
     {"Resampling", 0.2, DemonstrateResampling},    {"Outlines", 0.05, DemonstratePaths},
 };
 
+constexpr char kTextReport[] = "report.txt";
+
 bool Fail(const std::string& reason) {
   std::fprintf(stderr, "vantrix-host: %s\n", reason.c_str());
   return false;
@@ -53,13 +55,16 @@ bool WriteText(const std::filesystem::path& path, const std::string& text) {
          Fail("cannot write " + TextOf(path));
 }
 
-// Whether pictures can be written there.
-bool IsWritable(const std::filesystem::path& folder) {
-  const std::filesystem::path probe = folder / "report.txt";
-  return static_cast<bool>(std::ofstream(probe) << "not finished\n" << std::flush);
-}
-
 }  // namespace
+
+bool MakeFolder(const std::filesystem::path& folder, std::string* error) {
+  std::error_code failure;
+  std::filesystem::create_directories(folder, failure);
+  *error = "cannot make the folder " + TextOf(folder);
+  if (failure) return false;
+  *error = "cannot write into the folder " + TextOf(folder);
+  return static_cast<bool>(std::ofstream(folder / kTextReport) << "not finished\n" << std::flush);
+}
 
 bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& options) {
   const std::string name =
@@ -72,10 +77,7 @@ bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& op
   else if (!ReadPicture(options.picture, kMostSamples, &photo, &whole, &error))
     return Fail(error);
   const std::filesystem::path& folder = options.folder;
-  std::error_code failure;
-  std::filesystem::create_directories(folder, failure);
-  if (failure) return Fail("cannot make the folder " + TextOf(folder));
-  if (!IsWritable(folder)) return Fail("cannot write into the folder " + TextOf(folder));
+  if (!MakeFolder(folder, &error)) return Fail(error);
 
   const std::string size = SizeText({photo.width, photo.height}, whole);
   std::printf("%s, %s\n", name.c_str(), size.c_str());
@@ -98,10 +100,10 @@ bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& op
                                    {"Forms of kernels that run here", FormsText(index)},
                                    {"System", SystemName()},
                                    {"Version", std::string("vantrix-host ") + Version()}};
-  if (!WriteText(folder / "report.txt", report) ||
-      !WriteText(folder / "report.html", Page(facts, session.Sections(), all)))
+  if (!WriteText(folder / kTextReport, report) ||
+      !WriteText(folder / kPage, Page(facts, session.Sections(), all)))
     return false;
-  std::printf("\nto look at: %s\n", TextOf(folder / "report.html").c_str());
+  std::printf("\nto look at: %s\n", TextOf(folder / kPage).c_str());
   return session.IsGood() || Fail("not every result is as it should be");
 }
 

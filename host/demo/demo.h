@@ -34,8 +34,15 @@ struct DemoOptions {
   std::filesystem::path folder;   // for results; made if need be
 };
 
-// Runs all operations; writes pictures, report.html and report.txt into the folder, and prints
-// the report. False with the reason printed.
+// The name of the page for a browser.
+inline constexpr char kPage[] = "report.html";
+
+// Makes a folder for results, if need be. False with the reason in *error where nothing can be
+// written there.
+bool MakeFolder(const std::filesystem::path& folder, std::string* error);
+
+// Runs all operations; writes pictures, the page and report.txt into the folder, and prints the
+// report. False with the reason printed.
 bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& options);
 
 }  // namespace vantrix::host
