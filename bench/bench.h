@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/exercise/scene.h"
+#include "host/ordinary/ordinary.h"
 #include "plugin/interface.h"
 
 namespace vantrix::bench {
@@ -51,6 +52,10 @@ inline constexpr host::Shape kPlanes[] = {{64, 256}, {256, 1024}, {4096, 4096}};
 inline constexpr host::Shape kShortRows[] = {{64, 5}, {64, 15}, {64, 33}, {64, 100}};
 constexpr bool IsShortRow(host::Shape shape) { return shape.rows == 64 && shape.columns <= 100; }
 constexpr bool IsBiggest(host::Shape shape) { return shape.rows == 4096; }
+
+// The ordinary routines as g++ compiles them, whatever compiles the rest: with its vectoriser
+// and without.
+extern "C" host::FindRoutine FindVectorisedByGcc, FindUnvectorisedByGcc;
 
 // Other routines for the same jobs, by the names of their forms.
 struct Competitor {

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "bench/bench.h"
-#include "bench/ordinary/ordinary.h"
 
 namespace vantrix::bench {
 namespace {
@@ -73,8 +72,8 @@ void RegisterFillArray() {
                                        });
         }
   };
-  add("vectorised", reinterpret_cast<FillArrayRoutine*>(FindVectorised(kPath, 24)));
-  add("unvectorised", reinterpret_cast<FillArrayRoutine*>(FindUnvectorised(kPath, 24)));
+  add("vectorised", reinterpret_cast<FillArrayRoutine*>(FindVectorisedByGcc(kPath, 24)));
+  add("unvectorised", reinterpret_cast<FillArrayRoutine*>(FindUnvectorisedByGcc(kPath, 24)));
   add("plain", ApplyFillArrayOperation);
   add("checked", ApplyFillArrayOperationChecked);
 }

@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "bench/bench.h"
-#include "bench/ordinary/ordinary.h"
 #include "host/catalog.h"
 #include "host/services.h"
 #include "plugin/instruction_sets.h"
@@ -63,8 +62,8 @@ void RegisterCase(const Case& job) {
       add(Form::kName, routine, anyShape);
   });
   if (job.isMisaligned) return;
-  const Routine vectorised = FindVectorised(job.suite, job.slot);
-  const Routine unvectorised = FindUnvectorised(job.suite, job.slot);
+  const Routine vectorised = FindVectorisedByGcc(job.suite, job.slot);
+  const Routine unvectorised = FindUnvectorisedByGcc(job.suite, job.slot);
   RequireSame(name + "vectorised", job, expected, vectorised);
   RequireSame(name + "unvectorised", job, expected, unvectorised);
   add("vectorised", vectorised, wholePlanes);
