@@ -119,8 +119,8 @@ void DemonstrateBlends(Session& session) {
           for (int c = 0; c < 3; ++c) blend.onPlane(routine, with, c, target);
         });
     char label[120];
-    std::snprintf(label, sizeof label, "%d %s\nhost %.1f ms, plug-in %.1f ms", blend.slot,
-                  FindSlot(Catalog()[kBlend], blend.slot)->name, 1e3 * times.byDefault,
+    std::snprintf(label, sizeof label, "%d %s\nordinary %.1f ms, plug-in %.1f ms", blend.slot,
+                  FindSlot(Catalog()[kBlend], blend.slot)->name, 1e3 * times.byOrdinary,
                   1e3 * times.byPlugin);
     sheet.Add(result, label);
     session.ShowChange(blend.title, {}, photo, result);

@@ -99,6 +99,7 @@ bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& op
                                    {"Processor", ProcessorName()},
                                    {"Forms of kernels that run here", FormsText(index)},
                                    {"System", SystemName()},
+                                   {"Compiler of the ordinary routines", Compiler()},
                                    {"Version", std::string("vantrix-host ") + Version()}};
   if (!WriteText(folder / kTextReport, report) ||
       !WriteText(folder / kPage, Page(facts, session.Sections(), all)))
