@@ -50,6 +50,23 @@ const Reference* FindReference(const SuiteEntry& suite, uint16_t slot) {
   return nullptr;
 }
 
+const Slot* FindSlot(const SuiteEntry& suite, uint16_t slot) {
+  for (const Slot& line : suite.slots)
+    if (line.index == slot) return &line;
+  return nullptr;
+}
+
+const char kRuleWords[] =
+    "In the rules, Multiply(a, b) is a x b / 255 rounded to nearest, and SignedMultiply(a, b) "
+    "the same of\n"
+    "a signed b, halves away from zero. Screen(a, b) is a + b - Multiply(a, b). Overlay(d, s) "
+    "is\n"
+    "Multiply(2 d, s) if d is below 128, else Screen(2 d - 255, s). HardLight(s, d) is "
+    "Multiply(2 s, d) if\n"
+    "s is below 128, else Screen(2 s - 256, d). Divide(x, y) is 255 x / y, halves up, if y is "
+    "above x,\n"
+    "else 255.";
+
 bool ProcessorOpens(Gate gate) {
   switch (gate) {
     case Gate::kAlways:

@@ -30,6 +30,12 @@ std::string WritesNoSlot(const std::string& name);
 // Null where the host has no routine of its own for the slot.
 const Reference* FindReference(const SuiteEntry& suite, uint16_t slot);
 
+// What a suite's table says of a slot; null where the plug-in does not write it.
+const Slot* FindSlot(const SuiteEntry& suite, uint16_t slot);
+
+// What the words of the rules stand for, in sentences.
+extern const char kRuleWords[];
+
 // Whether this processor opens a gate.
 bool ProcessorOpens(Gate gate);
 

@@ -1,7 +1,5 @@
 #include "host/forms.h"
 
-#include <cpuid.h>
-
 #include <cstring>
 
 #include "host/plugin_library.h"
@@ -41,20 +39,6 @@ std::string FormsOf(const FormIndex& index, SuiteIndex suite, uint16_t slot) {
     if (BuildOf(index, suite, slot, form))
       names += (names.empty() ? "" : ", ") + std::string(index.names[form]);
   return names;
-}
-
-std::string ProcessorName() {
-  constexpr uint32_t kFirstLeaf = 0x80000002;
-  uint32_t words[3][4];
-  for (uint32_t i = 0; i < 3; ++i)
-    if (!__get_cpuid(kFirstLeaf + i, &words[i][0], &words[i][1], &words[i][2], &words[i][3]))
-      return "without a name";
-  char text[sizeof words + 1] = {};
-  std::memcpy(text, words, sizeof words);
-  std::string name(text);
-  name.erase(0, name.find_first_not_of(' '));
-  name.erase(name.find_last_not_of(' ') + 1);
-  return name;
 }
 
 }  // namespace vantrix::host

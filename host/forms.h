@@ -16,7 +16,4 @@ std::string FormOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, Rout
 // The names of the forms that a slot has builds in, separated by commas.
 std::string FormsOf(const FormIndex& index, SuiteIndex suite, uint16_t slot);
 
-// What the processor calls itself.
-std::string ProcessorName();
-
 }  // namespace vantrix::host

@@ -14,6 +14,8 @@
 #include "host/bench/bench.h"
 #include "host/demo/demo.h"
 #include "host/forms.h"
+#include "host/machine.h"
+#include "host/own_window.h"
 #include "host/paths.h"
 #include "host/plugin_library.h"
 #include "host/sha256.h"
@@ -26,6 +28,8 @@ namespace vantrix::host {
 namespace {
 
 using Command = Request::Command;
+
+constexpr int kScenesOfShortLook = 200;  // a slot
 
 [[noreturn]] void Fail(const std::string& reason) {
   std::fprintf(stderr, "vantrix-host: %s\n", reason.c_str());
@@ -69,22 +73,55 @@ void PrintProcessor(const FormIndex* index) {
   for (int32_t form = 0; form < index->count; ++form) show(index->names[form], index->runs(form));
 }
 
+// The index of the forms; null where the plug-in tells none.
+const FormIndex* Start(PluginMainRoutine* pluginMain, const Tables& tables) {
+  StartPlugin(pluginMain, tables);
+  const FormIndex* const index = FindFormIndex(pluginMain);
+  PrintLibrary(PathOfLibrary(pluginMain), index);
+  return index;
+}
+
+// A folder for results beside this program, or where a user may write in any case.
+std::filesystem::path FolderOfOwn() {
+  constexpr char kName[] = "vantrix-demo";
+  std::string error;
+  const std::filesystem::path beside = DefaultPluginPath().parent_path() / kName;
+  return MakeFolder(beside, &error) ? beside : std::filesystem::temp_directory_path() / kName;
+}
+
+// What a person sees who double-clicks the program: a short look at everything.
+int RunInOwnWindow() {
+  KeepWindowAtEnd();
+  const Tables tables;
+  const FormIndex* const index = Start(Load(DefaultPluginPath()), tables);
+  PrintProcessor(index);
+  const bool isVerified = Verify(tables, index, {kScenesOfShortLook, "", {}});
+  const std::filesystem::path folder = FolderOfOwn();
+  std::filesystem::path sample = DefaultPluginPath().parent_path() / "sample.jpg";
+  std::error_code ignored;
+  if (!std::filesystem::exists(sample, ignored)) sample.clear();
+  const bool isShown = RunDemo(tables, index, {sample, folder});
+  if (isShown && !OpenFile(folder / kPage))
+    std::printf("Open %s in a browser.\n", TextOf(folder / kPage).c_str());
+  return isVerified && isShown ? 0 : 1;
+}
+
 int Run(std::vector<std::string> arguments) {
+  if (arguments.empty() && HasOwnWindow()) return RunInOwnWindow();
   int status = 0;
   const auto request = ParseArguments(std::move(arguments), &status);
   if (!request) return status;
 
   PluginMainRoutine* const pluginMain = Load(request->plugin);
-  const FormIndex* const index = FindFormIndex(pluginMain);
   if (request->command == Command::kSlotPage) {
+    const FormIndex* const index = FindFormIndex(pluginMain);
     if (!index) Fail(TextOf(request->plugin) + " does not tell the forms of its kernels");
     PrintSlotPage(*index);
     return 0;
   }
   const Tables tables;
-  StartPlugin(pluginMain, tables);
+  const FormIndex* const index = Start(pluginMain, tables);
   if (const std::string wrong = WrongWithSlots(tables, request->slots); !wrong.empty()) Fail(wrong);
-  PrintLibrary(PathOfLibrary(pluginMain), index);
   switch (request->command) {
     case Command::kVerify:
       PrintProcessor(index);
@@ -93,7 +130,7 @@ int Run(std::vector<std::string> arguments) {
       PrintProcessor(index);
       return RunBench(tables, index, {request->slots, request->seconds}) ? 0 : 1;
     case Command::kDemo:
-      return RunDemo(tables, request->picture, request->folder) ? 0 : 1;
+      return RunDemo(tables, index, {request->picture, request->folder}) ? 0 : 1;
     default:
       PrintProcessor(index);
       return PrintSlots(tables, index) ? 0 : 1;

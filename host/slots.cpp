@@ -104,15 +104,8 @@ void PrintSlotPage(const FormIndex& index) {
       "has builds in, narrowest first:\nof those that a processor runs, the last stands in the "
       "slot. `vantrix-host slots` shows which.\nThis page is printed by `vantrix-host slots "
       "--page`; a test holds it to the tables.\n\n"
-      "In the rules, Multiply(a, b) is a x b / 255 rounded to nearest, and SignedMultiply(a, b) "
-      "the same of\n"
-      "a signed b, halves away from zero. Screen(a, b) is a + b - Multiply(a, b). Overlay(d, s) "
-      "is\n"
-      "Multiply(2 d, s) if d is below 128, else Screen(2 d - 255, s). HardLight(s, d) is "
-      "Multiply(2 s, d) if\n"
-      "s is below 128, else Screen(2 s - 256, d). Divide(x, y) is 255 x / y, halves up, if y is "
-      "above x,\n"
-      "else 255. See NUMERICS.md.\n");
+      "%s See NUMERICS.md.\n",
+      kRuleWords);
   std::printf("\n| suite | version | served | passed through |\n|---|---|---|---|\n");
   Counts all;
   for (const SuiteEntry& suite : Catalog()) {

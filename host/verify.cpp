@@ -1,19 +1,15 @@
 #include "host/verify.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 
 #include "host/exercise/fault.h"
+#include "host/progress.h"
 #include "host/recorder.h"
 #include "host/services.h"
 
 namespace vantrix::host {
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 // What a slot came to: in how many scenes it was tried, and what is wrong, if anything.
 struct Verdict {
@@ -63,6 +59,8 @@ class Verification {
 
   Verdict Compare(const SuiteEntry& suite, const Reference& reference) {
     Verdict verdict;
+    const Slot* const slot = FindSlot(suite, reference.slot);
+    const std::string names = slot && slot->arguments ? slot->arguments : "";
     const int first = options_.scene.value_or(0);
     const int end = options_.scene ? first + 1 : options_.scenes;
     for (int scene = first; scene < end && verdict.wrong.empty(); ++scene) {
@@ -70,13 +68,16 @@ class Verification {
         verdict.wrong =
             CompareRoutines(reference.exercise, tables_.Default(suite.index, reference.slot),
                             tables_.Live(suite.index, reference.slot),
-                            Scene(arena_, Choices(static_cast<uint64_t>(scene))));
+                            Scene(arena_, Choices(static_cast<uint64_t>(scene))), names);
       };
       if (const char* const fault = FaultIn(compare)) verdict.wrong = fault;
       verdict.scene = scene;
       ++verdict.scenes;
-      ShowProgress(suite.name, reference.slot, scene, end);
+      progress_.Show((compared_ + double(scene + 1 - first) / (end - first)) / CountCompared(),
+                     std::string(suite.name) + ':' + std::to_string(reference.slot) + ", scene " +
+                         std::to_string(scene + 1) + " of " + std::to_string(end));
     }
+    ++compared_;
     return verdict;
   }
 
@@ -112,6 +113,7 @@ class Verification {
              const Verdict& verdict) {
     const std::string form = index_ ? FormOf(*index_, suite, slot, tables_.Live(suite, slot)) : "";
     const bool isGood = verdict.wrong.empty();
+    progress_.Clear();
     ++(isGood ? passed_ : failed_);
     std::printf("%s %-8s %-6s %-30s ", isGood ? "ok    " : "FAILED", name.c_str(), form.c_str(),
                 routine);
@@ -127,12 +129,12 @@ class Verification {
     std::fflush(stdout);
   }
 
-  // Where a person looks on, every second what is being done.
-  void ShowProgress(const char* suite, int slot, int scene, int end) {
-    if (!isWatched_ || Clock::now() - shown_ < std::chrono::seconds(1)) return;
-    shown_ = Clock::now();
-    std::fprintf(stderr, "  %s:%d, scene %d of %d\r", suite, slot, scene + 1, end);
-    std::fflush(stderr);
+  // How many slots are compared in scenes.
+  int CountCompared() const {
+    if (!options_.slot.empty()) return 1;
+    size_t count = 0;
+    for (const SuiteEntry& suite : Catalog()) count += suite.references.size();
+    return static_cast<int>(count);
   }
 
   const Tables& tables_;
@@ -140,8 +142,8 @@ class Verification {
   const VerifyOptions& options_;
   Arena arena_;
   int passed_ = 0, failed_ = 0;
-  const bool isWatched_ = isatty(STDERR_FILENO) != 0;
-  Clock::time_point shown_ = Clock::now();
+  Progress progress_;
+  int compared_ = 0;  // slots in scenes
 };
 
 }  // namespace

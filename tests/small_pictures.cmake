@@ -14,7 +14,7 @@ foreach(size 1x1 2x2 15x7 37x23 255x255 1x800 800x1 300x900 3000x60)
   file(WRITE ${FOLDER}/${size}.ppm "P6\n${width} ${height}\n255\n${samples}")
   execute_process(COMMAND ${COMMAND} demo ${FOLDER}/${size}.ppm --out ${FOLDER}/${size}
     RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT status EQUAL 0 OR NOT EXISTS ${FOLDER}/${size}/paths.png)
+  if(NOT status EQUAL 0 OR NOT EXISTS ${FOLDER}/${size}/report.html)
     message(FATAL_ERROR "${size}: status ${status}\n${output}")
   endif()
 endforeach()

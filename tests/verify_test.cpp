@@ -4,7 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
+#include <string>
+
 #include "host/exercise/fault.h"
+#include "plugin/suites.h"
+#include "suites/blend/signatures.h"
 
 extern "C" vantrix::PluginMainRoutine PluginMain;
 
@@ -55,6 +60,33 @@ TEST_F(VerifyTest, GoesOnAfterAFault) {
   EXPECT_STREQ(host::FaultIn([] { asm volatile("ud2"); }),
                "ran an instruction that this processor does not know");
   EXPECT_EQ(host::FaultIn(DoNothing), nullptr);
+}
+
+// Multiplies, but for one sample.
+void MultiplyWrongly(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns, int32_t ss,
+                     int32_t ds) {
+  Call<PlaneBlend>(host::FindReference(host::Catalog()[kBlend], 24)->routine)(s, d, rows, columns,
+                                                                              ss, ds);
+  if (rows > 2 && columns > 7) d[2 * intptr_t{ds} + 7] ^= 1;
+}
+
+// The samples that are named are those that the wrong one was made from.
+TEST_F(VerifyTest, TellsWhatTheWrongSampleWasMadeFrom) {
+  Put(kBlend, 24, reinterpret_cast<Routine>(MultiplyWrongly));
+  ::testing::internal::CaptureStdout();
+  EXPECT_FALSE(host::Verify(tables, nullptr, {100, "blnd:24", {}}));
+  const std::string said = ::testing::internal::GetCapturedStdout();
+  std::smatch match;
+  ASSERT_TRUE(std::regex_search(
+      said, match,
+      std::regex("destination, row 2, sample 7: expected (\\d+), got (\\d+)\n"
+                 " +called with source at \\.\\.\\w+, destination at \\.\\.\\w+, rows \\d+.*\n"
+                 " +before: source, row 2, sample \\d on:[ 0-9]* \\[(\\d+)\\][ 0-9]*\n"
+                 " +before: destination, row 2, sample \\d on:[ 0-9]* \\[(\\d+)\\]")))
+      << said;
+  const int expected = std::stoi(match[1]), product = std::stoi(match[3]) * std::stoi(match[4]);
+  EXPECT_EQ(expected, (2 * product + 255) / 510);
+  EXPECT_EQ(std::stoi(match[2]), expected ^ 1);
 }
 
 }  // namespace

@@ -22,13 +22,13 @@ class Planes {
   Planes(std::span<Outcome::Window> planes, bool isFromMemory)
       : planes_(planes), isChanged_(planes.size()), isFromMemory_(isFromMemory) {
     for (Outcome::Window& plane : planes_)
-      std::memcpy(plane.bytes.data(), plane.start, plane.bytes.size());
+      plane.before.assign(plane.start, plane.start + plane.after.size());
   }
 
   // After a call: from now on what it changed is put back before each.
   void NoteChanges() {
     for (size_t i = 0; i < planes_.size(); ++i)
-      if (std::memcmp(planes_[i].start, planes_[i].bytes.data(), planes_[i].bytes.size()) != 0)
+      if (std::memcmp(planes_[i].start, planes_[i].before.data(), planes_[i].before.size()) != 0)
         isChanged_[i] = isAnyChanged_ = true;
   }
 
@@ -37,9 +37,9 @@ class Planes {
     for (size_t i = 0; i < planes_.size(); ++i) {
       const Outcome::Window& plane = planes_[i];
       const auto start = const_cast<uint8_t*>(plane.start);
-      if (isChanged_[i]) std::memcpy(start, plane.bytes.data(), plane.bytes.size());
+      if (isChanged_[i]) std::memcpy(start, plane.before.data(), plane.before.size());
       constexpr size_t kLine = 64;
-      for (size_t at = 0; isFromMemory_ && at < plane.bytes.size(); at += kLine)
+      for (size_t at = 0; isFromMemory_ && at < plane.before.size(); at += kLine)
         _mm_clflush(start + at);
     }
     _mm_mfence();
@@ -154,7 +154,7 @@ int32_t BytesPerSample(Arena& arena, Exercise* exercise) {
   size_t most = 0;
   Scene scene = FirstScene(arena);
   const auto look = [&](const Call&) {
-    for (const Outcome::Window& plane : scene.Planes()) most = std::max(most, plane.bytes.size());
+    for (const Outcome::Window& plane : scene.Planes()) most = std::max(most, plane.after.size());
   };
   scene.Measure(kLarge, look);
   exercise(nullptr, scene);

@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "host/demo/demo.h"
 #include "host/demo/sheet.h"
@@ -58,19 +58,39 @@ void MaskFirst(Routine routine, const Operands& with, int c, Picture& d) {
 constexpr struct {
   uint16_t slot;
   OnPlane* onPlane;
+  const char* title;
 } kBlends[] = {
-    {2, Masked},      {3, Color},    {24, Plane},  {56, Opacity}, {22, Masked}, {27, Plane},
-    {57, Opacity},    {26, Color},   {49, Plane},  {58, Opacity}, {47, Masked}, {48, Color},
-    {52, Plane},      {59, Opacity}, {50, Masked}, {51, Color},   {28, Plane},  {10, Masked},
-    {11, Color},      {29, Plane},   {7, Masked},  {8, Color},    {30, Masked}, {31, Color},
-    {106, MaskFirst}, {74, Planes},  {75, Planes}, {97, Invert},  {66, Planes}, {96, Share},
+    {2, Masked, "Normal, under the mask"},
+    {3, Color, "A colour, under the mask"},
+    {24, Plane, "Multiply"},
+    {56, Opacity, "Multiply, at an opacity"},
+    {22, Masked, "Multiply, under the mask"},
+    {27, Plane, "Screen"},
+    {57, Opacity, "Screen, at an opacity"},
+    {26, Color, "Screen with a colour, under the mask"},
+    {49, Plane, "Overlay"},
+    {58, Opacity, "Overlay, at an opacity"},
+    {47, Masked, "Overlay, under the mask"},
+    {48, Color, "Overlay with a colour, under the mask"},
+    {52, Plane, "Hard light"},
+    {59, Opacity, "Hard light, at an opacity"},
+    {50, Masked, "Hard light, under the mask"},
+    {51, Color, "Hard light with a colour, under the mask"},
+    {28, Plane, "Lighten"},
+    {10, Masked, "Lighten, under the mask"},
+    {11, Color, "Lighten to a colour, under the mask"},
+    {29, Plane, "Darken"},
+    {7, Masked, "Darken, under the mask"},
+    {8, Color, "Darken to a colour, under the mask"},
+    {30, Masked, "Copied where the mask is 128 or more"},
+    {31, Color, "A colour where the mask is 128 or more"},
+    {106, MaskFirst, "A colour where the mask is 0"},
+    {74, Planes, "The product of two planes"},
+    {75, Planes, "The complement of the complement's product"},
+    {97, Invert, "The product of two complements"},
+    {66, Planes, "Burn"},
+    {96, Share, "The photograph's share of a screen"},
 };
-
-const char* NameOfSlot(uint16_t slot) {
-  const auto slots = Catalog()[kBlend].slots;
-  return std::find_if(slots.begin(), slots.end(), [&](const Slot& s) { return s.index == slot; })
-      ->name;
-}
 
 }  // namespace
 
@@ -78,9 +98,20 @@ void DemonstrateBlends(Session& session) {
   const Picture& photo = session.Photo();
   const Operands with{photo, GeneratedPicture(photo.width, photo.height),
                       VignetteMask(photo.width, photo.height)};
+  session.Explain(
+      "The photograph is the destination, d in the rules. The source, s, is a picture made by "
+      "rule. "
+      "The mask, m, is 255 in an ellipse about the middle and falls to 0 over a soft edge. The "
+      "colour, c, is an orange, and the opacity, k, is 160 of 255. Where a rule has a and b, they "
+      "are the photograph and the source.");
+  session.Show("What is blended", {},
+               {{"the photograph", photo},
+                {"the source", with.source},
+                {"the mask", Gray(with.mask, photo.width, photo.height)}});
   Sheet sheet(5, 320);
   sheet.Add(photo, "the photograph");
   sheet.Add(with.source, "the source");
+  int done = 0;
   for (const auto& blend : kBlends) {
     Picture result = photo;
     const auto times =
@@ -88,9 +119,12 @@ void DemonstrateBlends(Session& session) {
           for (int c = 0; c < 3; ++c) blend.onPlane(routine, with, c, target);
         });
     char label[120];
-    std::snprintf(label, sizeof label, "%d %s\nhost %.1f ms, plug-in %.1f ms", blend.slot,
-                  NameOfSlot(blend.slot), 1e3 * times.byDefault, 1e3 * times.byPlugin);
+    std::snprintf(label, sizeof label, "%d %s\nordinary %.1f ms, plug-in %.1f ms", blend.slot,
+                  FindSlot(Catalog()[kBlend], blend.slot)->name, 1e3 * times.byOrdinary,
+                  1e3 * times.byPlugin);
     sheet.Add(result, label);
+    session.ShowChange(blend.title, {}, photo, result);
+    session.Advance(double(++done) / std::size(kBlends));
   }
   session.Save("blends.png", sheet.Draw());
 }

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "host/demo/session.h"
+#include "host/forms.h"
 
 namespace vantrix::host {
 
@@ -11,6 +12,7 @@ namespace vantrix::host {
 // to the list in demo.cpp.
 struct Operation {
   const char* title;
+  double share;  // of the whole time, about
   void (*run)(Session& session);
 };
 
@@ -27,10 +29,20 @@ void DemonstrateDepths(Session& session);
 // A plane of weights: 255 in an ellipse about the middle, falling to 0 over a soft edge.
 std::vector<uint8_t> VignetteMask(int width, int height);
 
-// Runs all operations; writes pictures and report.txt into the folder, which is made
-// if need be, and prints the report. An empty path stands for a generated picture.
-// False with the reason printed.
-bool RunDemo(const Tables& tables, const std::filesystem::path& picturePath,
-             const std::filesystem::path& folder);
+struct DemoOptions {
+  std::filesystem::path picture;  // a generated one if empty
+  std::filesystem::path folder;   // for results; made if need be
+};
+
+// The name of the page for a browser.
+inline constexpr char kPage[] = "report.html";
+
+// Makes a folder for results, if need be. False with the reason in *error where nothing can be
+// written there.
+bool MakeFolder(const std::filesystem::path& folder, std::string* error);
+
+// Runs all operations; writes pictures, the page and report.txt into the folder, and prints the
+// report. False with the reason printed.
+bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& options);
 
 }  // namespace vantrix::host

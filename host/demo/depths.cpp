@@ -7,6 +7,7 @@ namespace vantrix::host {
 
 // The photograph to 16 bits, to the full range and back: every sample comes home.
 void DemonstrateDepths(Session& session) {
+  session.Explain("A 16-bit sample of this host is 0 to 32768; other programs use 0 to 65535.");
   using Words = std::vector<uint16_t>;
   const Picture& photo = session.Photo();
   const int32_t width = photo.width, height = photo.height;
@@ -29,10 +30,15 @@ void DemonstrateDepths(Session& session) {
     for (size_t i = 0; i < words.size(); ++i)
       home.planes[c][i] = static_cast<uint8_t>((words[i] * 255 + 16384) / 32768);
   }
+  const bool isHome = home == photo;
+  session.ShowChange("To 16 bits, to the full range, and back",
+                     isHome ? "After the way there and back every sample is what it was."
+                            : "NOT EVERY SAMPLE IS WHAT IT WAS.",
+                     photo, home);
   Sheet sheet(3, 400);
   sheet.Add(photo, "8 bits");
   sheet.Add(middle, "0..65535, high bytes");
-  sheet.Add(home, home == photo ? "8 bits again: the same" : "8 bits again: NOT THE SAME");
+  sheet.Add(home, isHome ? "8 bits again: the same" : "8 bits again: NOT THE SAME");
   session.Save("depths.png", sheet.Draw());
 }
 

@@ -114,17 +114,41 @@ Picture DifferenceMap(Session& session, bool isSigned) {
 
 }  // namespace
 
+// A part is shown, since reducing the whole would hide what filters do.
 void DemonstrateFilters(Session& session) {
+  session.Explain("The filters ran on the whole photograph; a part of it is shown.");
+  const auto partOf = [](const Picture& picture) {
+    return PartOf(picture, {std::max(420, picture.width / 4), std::max(280, picture.height / 4)},
+                  0.7, 0.5);
+  };
+  const Picture photo = partOf(session.Photo());
   Sheet sheet(4, 420);
-  sheet.AddDetail(session.Photo(), "the photograph");
+  sheet.Add(photo, "the photograph");
   for (const int radius : {1, 3, 8}) {
-    char label[32];
-    std::snprintf(label, sizeof label, "smoothed, radius %d", radius);
-    sheet.AddDetail(Smoothed(session, radius), label);
+    const Picture smooth = partOf(Smoothed(session, radius));
+    const std::string of = "radius " + std::to_string(radius);
+    session.ShowChange("Smoothed, " + of,
+                       "Columns by the filter, then rows, by turning the plane about its diagonal.",
+                       photo, smooth);
+    sheet.Add(smooth, "smoothed, " + of);
+    session.Advance(radius / 10.0);
   }
-  sheet.AddDetail(DeviationMap(session), "local deviation");
-  sheet.AddDetail(DifferenceMap(session, false), "blocks against their neighbours");
-  sheet.AddDetail(DifferenceMap(session, true), "by how much they exceed them");
+  const auto map = [&](const char* title, const char* text, const char* label,
+                       const Picture& whole) {
+    const Picture part = partOf(whole);
+    session.Show(title, text, {{"the photograph", photo}, {label, part}});
+    sheet.Add(part, label);
+  };
+  map("Local deviation", "The brighter a sample, the more the nine samples about it differ.",
+      "local deviation", DeviationMap(session));
+  map("Blocks against their neighbours",
+      "Each block of 16 x 8 samples of green is as bright as it differs from the block three "
+      "columns and two rows on.",
+      "difference of blocks", DifferenceMap(session, false));
+  map("Blocks above their neighbours",
+      "As bright as the block's samples exceed those of the other; where they fall below them, "
+      "nothing is counted.",
+      "excess of blocks", DifferenceMap(session, true));
   session.Save("filters.png", sheet.Draw());
 }
 

@@ -56,7 +56,7 @@ Picture Thumbnail(const Picture& picture) {
         middle.Row(c, y)[x] =
             picture.Row(c, (picture.height - square) / 2 +
                                y * square / side)[(picture.width - square) / 2 + x * square / side];
-  return Reduced(middle, kSide);
+  return Fitted(middle, {kSide, kSide});
 }
 
 // The picture where the rows are covered, and paper elsewhere.
@@ -105,15 +105,26 @@ void DemonstratePaths(Session& session) {
 
   const Outline star = Star(7, 3, 0.48);
   const char* const kNames[] = {"united", "subtracted", "intersected", "exclusive or"};
+  session.Explain(
+      "An outline is a list of crossings in each row, four rows to a pixel. The routine folds the "
+      "crossings of a new outline into the covered spans of those before: here a star that crosses "
+      "itself, into a ring. Covered is where the photograph shows.");
+  const Picture nothing = Show(picture, empty), ringShown = Show(picture, ring);
+  session.ShowChange("A ring", "A circle united with nothing, and a smaller one subtracted.",
+                     nothing, ringShown);
   Sheet sheet(5, kSide);
   for (const uint32_t byWinding : {1, 0}) {
     FillArrayBlock alone = empty;
     fold(&alone, star, kUnion, byWinding);
-    sheet.Add(Show(picture, alone), byWinding ? "non-zero winding" : "even-odd");
+    const std::string rule = byWinding ? "non-zero winding" : "even-odd";
+    sheet.Add(Show(picture, alone), rule);
+    session.ShowChange("The star alone, " + rule, {}, nothing, Show(picture, alone));
     for (const uint32_t operation : {kUnion, kSubtract, kIntersect, kExclusiveOr}) {
       FillArrayBlock both = ring;
       fold(&both, star, operation, byWinding);
       sheet.Add(Show(picture, both), kNames[operation]);
+      session.ShowChange(std::string("Ring and star ") + kNames[operation] + ", " + rule, {},
+                         ringShown, Show(picture, both));
     }
   }
   session.Save("paths.png", sheet.Draw());

@@ -107,20 +107,6 @@ Picture Resized(Session& session, const Picture& picture, double scale, int taps
   return result;
 }
 
-// A part of the picture, right of its middle.
-Picture Detail(const Picture& picture, int width, int height) {
-  Picture detail(std::min(width, picture.width), std::min(height, picture.height));
-  const auto start = [](int middle, int part, int whole) {
-    return std::clamp(middle - part / 2, 0, whole - part);
-  };
-  const int left = start(picture.width * 71 / 100, detail.width, picture.width);
-  const int top = start(picture.height * 51 / 100, detail.height, picture.height);
-  for (int c = 0; c < 3; ++c)
-    for (int y = 0; y < detail.height; ++y)
-      std::copy_n(picture.Row(c, top + y) + left, detail.width, detail.Row(c, y));
-  return detail;
-}
-
 Picture AveragedInBlocks(Session& session, int side) {
   const Picture& photo = session.Photo();
   Picture result(std::max(1, photo.width / side), std::max(1, photo.height / side));
@@ -227,12 +213,24 @@ Picture Turned(Session& session, const Picture& picture, double degrees, int32_t
 
 // Sizes, depths and shapes, before and after on one sheet.
 void DemonstrateResampling(Session& session) {
+  session.Explain(
+      "Weights of each tap come from a table of 64 phases. Where a picture's size changes there is "
+      "no difference to show. Of what was made smaller a part is shown, sample for sample.");
   const Picture& photo = session.Photo();
   constexpr int kHeight = kTile * 5 / 8;
-  const Picture detail = Detail(photo, Scaled(kTile, 1 / 1.7), Scaled(kHeight, 1 / 1.7));
+  const auto partOf = [](const Picture& picture, double scale) {
+    return PartOf(picture, {Scaled(kTile, scale), Scaled(kHeight, scale)}, 0.7, 0.5);
+  };
+  const Picture detail = partOf(photo, 1 / 1.7), threefold = partOf(photo, 3);
   Sheet sheet(4, kTile);
-  const auto add = [&](const Picture& picture, const std::string& label) {
-    sheet.Add(Detail(picture, kTile, kHeight), label);
+  const auto show = [&](const std::string& title, const Picture& before, const Picture& after) {
+    session.Show(title, {}, {{"before", before}, {"after", after}});
+    sheet.Add(after, title);
+  };
+  const auto change = [&](const std::string& title, const char* text, const Picture& before,
+                          const Picture& after) {
+    session.ShowChange(title, text, before, after);
+    sheet.Add(after, title);
   };
   const auto tapsOf = [](const char* what, int taps) {
     return std::string(what) + ", " + std::to_string(taps) + " taps";
@@ -242,19 +240,28 @@ void DemonstrateResampling(Session& session) {
   Picture third;
   for (const int taps : {2, 4, 6}) {
     third = Resized<uint8_t>(session, photo, 1 / 3.0, taps);
-    add(third, tapsOf("a third", taps));
+    show(tapsOf("A third", taps), threefold, partOf(third, 1));
+    session.Advance(taps / 12.0);
   }
   sheet.Add(detail, "a part of the photograph");
   for (const int taps : {2, 4, 6})
-    sheet.Add(Resized<uint8_t>(session, detail, 1.7, taps), tapsOf("1.7 times", taps));
-  add(Resized<uint16_t>(session, photo, 1 / 3.0, 6), "a third in 16 bits, 6 taps");
-  add(Resized<float>(session, photo, 1 / 3.0, 6), "a third in floats, 6 taps");
-  add(AveragedInBlocks(session, 3), "averages of 3 x 3");
-  sheet.Add(AveragedUnevenly(session), "averages of 1 to 6 rows");
-  sheet.Add(Trapezoid(session), "stretched rows");
-  sheet.Add(Waves(session, third), "positions along rows");
-  add(Turned(session, third, 8, 0), "turned, nearest samples");
-  add(Turned(session, third, 8, 1), "turned, between samples");
+    show(tapsOf("1.7 times", taps), detail, Resized<uint8_t>(session, detail, 1.7, taps));
+  show("A third in 16 bits, 6 taps", threefold,
+       partOf(Resized<uint16_t>(session, photo, 1 / 3.0, 6), 1));
+  session.Advance(0.7);
+  show("A third in floats, 6 taps", threefold,
+       partOf(Resized<float>(session, photo, 1 / 3.0, 6), 1));
+  session.Advance(0.9);
+  show("Averages of 3 x 3", threefold, partOf(AveragedInBlocks(session, 3), 1));
+  show("Averages of 1 to 6 rows", photo, AveragedUnevenly(session));
+  change("Rows stretched", "Each row is as long as the trapezoid is there.", photo,
+         Trapezoid(session));
+  change("Rows swung to and fro", "Each sample is fetched from a position along its row.", third,
+         Waves(session, third));
+  change("Turned, nearest samples", "Each sample is fetched from a position in the plane.", third,
+         Turned(session, third, 8, 0));
+  change("Turned, between samples", "Each sample is a mean of the four about a position.", third,
+         Turned(session, third, 8, 1));
   session.Save("resampling.png", sheet.Draw());
 }
 

@@ -1,4 +1,6 @@
-#include <cstdio>
+#include <algorithm>
+#include <iterator>
+#include <string>
 
 #include "host/demo/demo.h"
 #include "host/demo/sheet.h"
@@ -8,12 +10,6 @@
 namespace vantrix::host {
 namespace {
 
-Picture Gray(const std::vector<uint8_t>& plane, int width, int height) {
-  Picture picture(width, height);
-  for (auto& channel : picture.planes) channel = plane;
-  return picture;
-}
-
 // A mask for each class, and the class that both routines give it.
 void Classify(Session& session, int width, int height, Sheet& sheet) {
   const auto soft = VignetteMask(width, height);
@@ -22,17 +18,21 @@ void Classify(Session& session, int width, int height, Sheet& sheet) {
     for (uint8_t& m : mask) m = static_cast<uint8_t>(rule(m));
     return mask;
   };
-  const struct {
-    const char* name;
-    std::vector<uint8_t> mask;
-  } masks[] = {
-      {"empty", mapped([](int) { return 0; })},
-      {"below half", mapped([](int m) { return m / 3; })},
-      {"mixed", soft},
-      {"from half on", mapped([](int m) { return 128 + m / 3; })},
-      {"full", mapped([](int) { return 255; })},
+  const std::vector<uint8_t> masks[] = {
+      mapped([](int) { return 0; }),
+      mapped([](int m) { return m / 3; }),
+      soft,
+      mapped([](int m) { return 128 + m / 3; }),
+      mapped([](int) { return 255; }),
   };
-  for (const auto& [name, mask] : masks) {
+  constexpr const char* kClasses[] = {"all 0", "all below half", "mixed", "all from half on",
+                                      "all full"};
+  const auto nameOf = [&](int32_t answer) -> std::string {
+    if (answer < 0 || answer >= static_cast<int32_t>(std::size(kClasses))) return "no class";
+    return "class " + std::to_string(answer) + ": " + kClasses[answer];
+  };
+  std::vector<Figure> figures;
+  for (const auto& mask : masks) {
     int32_t answer = -1;
     session.Run<int32_t>(kSelect, 33, &answer, [&](Routine routine, int32_t& target) {
       target = Call<Classify8Routine>(routine)(mask.data(), height, width, width);
@@ -43,26 +43,54 @@ void Classify(Session& session, int width, int height, Sheet& sheet) {
     session.Run<int32_t>(kSelect, 75, &wide, [&](Routine routine, int32_t& target) {
       target = Call<Classify16Routine>(routine)(words.data(), height, width, 2 * width);
     });
-    char label[80];
-    std::snprintf(label, sizeof label, "%s\nclass %d, in 16 bits %d", name, answer, wide);
-    sheet.Add(Gray(mask, width, height), label);
+    std::string label = nameOf(answer);
+    if (wide != answer) label += "; in 16 bits " + nameOf(wide);
+    const Picture shown = Gray(mask, width, height);
+    sheet.Add(shown, label);
+    figures.emplace_back(label, shown);
   }
+  session.Show("Masks classified",
+               "Five masks, black for 0 and white for 255, in 8 bits and in 16. The routine says "
+               "which class each belongs to.",
+               std::move(figures));
+}
+
+// Orange where bit 7 is set; the other bits as greys.
+Picture Marked(const std::vector<uint8_t>& data, int width, int height) {
+  constexpr uint8_t kOrange[] = {255, 150, 40};
+  Picture picture = Gray(data, width, height);
+  for (size_t c = 0; c < 3; ++c)
+    for (uint8_t& sample : picture.planes[c])
+      if (sample & 128) sample = kOrange[c];
+  return picture;
 }
 
 // A drawn line, and its marks spread row by row.
 void Spread(Session& session, int width, int height, Sheet& sheet) {
-  std::vector<uint8_t> marks(static_cast<size_t>(width) * static_cast<size_t>(height), 30);
+  constexpr uint8_t kMark = 128, kGround = 40;
+  std::vector<uint8_t> marks(static_cast<size_t>(width) * static_cast<size_t>(height), kGround);
   for (int x = 0; x < width; ++x) {
     const int y = height / 2 + (x % 400 < 200 ? x % 200 : 200 - x % 200) * height / 800;
-    marks[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)] |= 128;
+    marks[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)] |= kMark;
   }
-  sheet.Add(Gray(marks, width, height), "marks");
-  for (int turn = 0; turn < height / 40; ++turn)
+  const Picture before = Marked(marks, width, height);
+  sheet.Add(before, "marks are orange");
+  const int turns = std::clamp(height / 40, 1, 40);
+  for (int turn = 0; turn < turns; ++turn) {
     session.Run<std::vector<uint8_t>>(
         kSelect, 26, &marks, [&](Routine routine, std::vector<uint8_t>& target) {
           Call<SpreadMarkRoutine>(routine)(target.data(), height, width, width);
         });
-  sheet.Add(Gray(marks, width, height), "spread, a row at a time");
+    session.Advance(0.1 + 0.3 * turn / turns);
+  }
+  const Picture after = Marked(marks, width, height);
+  const std::string times = std::to_string(turns) + (turns == 1 ? " time" : " times");
+  session.ShowChange("Marks spread",
+                     "Orange entries are marked, grey ones are not. Each call marks the entries "
+                     "above and below marked ones; it was called " +
+                         times + ".",
+                     before, after);
+  sheet.Add(after, "spread " + times + ", a row up and down at a time");
 }
 
 // Seeds in a grid take the photograph's colours and push them in the four directions.
@@ -112,11 +140,20 @@ void DemonstrateSelection(Session& session) {
   const Picture& photo = session.Photo();
   Sheet sheet(5, 320);
   Classify(session, photo.width, photo.height, sheet);
+  session.Advance(0.1);
   Spread(session, photo.width, photo.height, sheet);
   sheet.Add(photo, "the photograph");
-  sheet.Add(Mosaic<uint8_t, Propagate8Routine>(session, 35),
-            "colours of a grid\npropagated four ways");
-  sheet.Add(Mosaic<uint16_t, Propagate16Routine>(session, 73), "the same in 16 bits");
+  session.Advance(0.4);
+  const auto show = [&](const std::string& title, const Picture& mosaic) {
+    session.ShowChange(title,
+                       "Seeds in a grid take the photograph's colours and push them right, left, "
+                       "down and up, until their priority is used up.",
+                       photo, mosaic);
+    sheet.Add(mosaic, title);
+  };
+  show("Colours propagated", Mosaic<uint8_t, Propagate8Routine>(session, 35));
+  session.Advance(0.7);
+  show("Colours propagated, in 16 bits", Mosaic<uint16_t, Propagate16Routine>(session, 73));
   session.Save("selection.png", sheet.Draw());
 }
 

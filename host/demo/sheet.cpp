@@ -40,58 +40,55 @@ int TextHeight(const std::string& text) {
   return kScale * 12 * static_cast<int>(1 + std::count(text.begin(), text.end(), '\n'));
 }
 
+// Lines no longer than the width, as far as the words allow.
+std::string Wrapped(const std::string& text, int width) {
+  std::string wrapped, line;
+  for (size_t i = 0; i <= text.size();) {
+    const size_t end = std::min(text.find_first_of(" \n", i), text.size());
+    const std::string word = text.substr(i, end - i);
+    std::string longer = line.empty() ? word : line + ' ' + word;
+    if (!line.empty() && kScale * stb_easy_font_width(longer.data()) > width) {
+      wrapped += line + '\n';
+      line = word;
+    } else {
+      line = longer;
+    }
+    if (end < text.size() && text[end] == '\n') {
+      wrapped += line + '\n';
+      line.clear();
+    }
+    i = end + 1;
+  }
+  return wrapped + line;
+}
+
 }  // namespace
 
-Picture Reduced(const Picture& picture, int width) {
-  if (picture.width <= width) return picture;
-  const int height = std::max(1, picture.height * width / picture.width);
-  Picture reduced(width, height);
-  for (int c = 0; c < 3; ++c) {
-    for (int y = 0; y < height; ++y) {
-      const int top = y * picture.height / height;
-      const int bottom = std::max(top + 1, (y + 1) * picture.height / height);
-      for (int x = 0; x < width; ++x) {
-        const int left = x * picture.width / width;
-        const int right = std::max(left + 1, (x + 1) * picture.width / width);
-        int sum = 0;
-        for (int v = top; v < bottom; ++v)
-          for (int u = left; u < right; ++u) sum += picture.Row(c, v)[u];
-        reduced.Row(c, y)[x] = static_cast<uint8_t>(sum / ((bottom - top) * (right - left)));
-      }
-    }
-  }
-  return reduced;
-}
-
-void Sheet::Add(const Picture& picture, std::string label) {
-  tiles_.push_back({Reduced(picture, tileWidth_), std::move(label)});
-}
-
-void Sheet::AddDetail(const Picture& picture, std::string label) {
-  const int width = std::max(1, picture.width / 4), height = std::max(1, picture.height / 4);
-  Picture detail(width, height);
-  for (int c = 0; c < 3; ++c)
-    for (int y = 0; y < height; ++y)
-      std::copy_n(picture.Row(c, picture.height * 38 / 100 + y) + picture.width * 58 / 100, width,
-                  detail.Row(c, y));
-  Add(detail, std::move(label));
+void Sheet::Add(const Picture& picture, const std::string& label) {
+  tiles_.push_back({Fitted(picture, {tileWidth_, tileWidth_}), Wrapped(label, tileWidth_)});
 }
 
 Picture Sheet::Draw() const {
-  int pictureHeight = 0, textHeight = 0;
-  for (const Tile& tile : tiles_) {
-    pictureHeight = std::max(pictureHeight, tile.picture.height);
-    textHeight = std::max(textHeight, TextHeight(tile.label));
+  struct Row {
+    int top, pictureHeight, textHeight;
+  };
+  std::vector<Row> rows;
+  int top = kMargin;
+  for (size_t i = 0; i < tiles_.size(); ++i) {
+    if (i % columns_ == 0) rows.push_back({top, 0, 0});
+    Row& row = rows.back();
+    row.pictureHeight = std::max(row.pictureHeight, tiles_[i].picture.height);
+    row.textHeight = std::max(row.textHeight, TextHeight(tiles_[i].label));
+    top = row.top + row.pictureHeight + row.textHeight + kMargin;
   }
-  const int rows = (static_cast<int>(tiles_.size()) + columns_ - 1) / columns_;
-  const int stepX = tileWidth_ + kMargin, stepY = pictureHeight + textHeight + kMargin;
-  Picture sheet(columns_ * stepX + kMargin, rows * stepY + kMargin);
+  const int stepX = tileWidth_ + kMargin;
+  Picture sheet(static_cast<int>(columns_) * stepX + kMargin, top);
   for (auto& plane : sheet.planes) std::fill(plane.begin(), plane.end(), uint8_t{kPaper});
-  for (int i = 0; i < static_cast<int>(tiles_.size()); ++i) {
-    const Tile& tile = tiles_[static_cast<size_t>(i)];
-    const int left = kMargin + i % columns_ * stepX, top = kMargin + i / columns_ * stepY;
-    Paste(tile.picture, left, top, &sheet);
-    Write(tile.label, left, top + pictureHeight + 4, &sheet);
+  for (size_t i = 0; i < tiles_.size(); ++i) {
+    const Row& row = rows[i / columns_];
+    const int left = kMargin + static_cast<int>(i % columns_) * stepX;
+    Paste(tiles_[i].picture, left, row.top, &sheet);
+    Write(tiles_[i].label, left, row.top + row.pictureHeight + 4, &sheet);
   }
   return sheet;
 }

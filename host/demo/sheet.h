@@ -1,4 +1,4 @@
-// Pictures in a grid, each with a label under it.
+// Pictures in a grid, each with a label under it; a row is as high as its highest.
 #pragma once
 
 #include <string>
@@ -8,19 +8,13 @@
 
 namespace vantrix::host {
 
-// The picture averaged down to this width; one that is narrow enough stays as it is.
-Picture Reduced(const Picture& picture, int width);
-
 class Sheet {
  public:
-  Sheet(int columns, int tileWidth) : columns_(columns), tileWidth_(tileWidth) {}
+  Sheet(size_t columns, int tileWidth) : columns_(columns), tileWidth_(tileWidth) {}
 
-  // The picture is reduced to the width of a tile. A label may have several lines.
-  void Add(const Picture& picture, std::string label);
-
-  // Only a part of the picture, right of and below its middle, to show what a whole
-  // picture's reduction would hide.
-  void AddDetail(const Picture& picture, std::string label);
+  // The picture is reduced to fit a tile, which is a square. The label goes under it, on as many
+  // lines as it takes.
+  void Add(const Picture& picture, const std::string& label);
 
   Picture Draw() const;
 
@@ -29,7 +23,8 @@ class Sheet {
     Picture picture;
     std::string label;
   };
-  int columns_, tileWidth_;
+  size_t columns_;
+  int tileWidth_;
   std::vector<Tile> tiles_;
 };
 

@@ -25,12 +25,18 @@ void DemonstrateVignette(Session& session) {
   const Picture& photo = session.Photo();
   const auto mask = VignetteMask(photo.width, photo.height);
 
-  Picture second = GeneratedPicture(photo.width, photo.height);
+  const Picture scenery = GeneratedPicture(photo.width, photo.height);
+  Picture second = scenery;
   session.Run<Picture>(kBlend, 2, &second, [&](Routine routine, Picture& target) {
     for (int c = 0; c < 3; ++c)
       Call<MaskedBlend>(routine)(photo.Row(c, 0), target.Row(c, 0), mask.data(), photo.height,
                                  photo.width, photo.width, photo.width, photo.width);
   });
+  session.ShowChange(
+      "The photograph over another picture",
+      "Under a mask that is 255 in an ellipse and falls to 0 over a soft edge: s is the "
+      "photograph, d the other picture.",
+      scenery, second);
   session.Save("vignette-picture.png", second);
 
   auto outside = mask;
@@ -42,6 +48,9 @@ void DemonstrateVignette(Session& session) {
       Call<ColorMaskedBlend>(routine)(color[c], target.Row(c, 0), outside.data(), photo.height,
                                       photo.width, photo.width, photo.width);
   });
+  session.ShowChange("A colour around the photograph",
+                     "The same mask, complemented: c is a dark blue, d the photograph.", photo,
+                     framed);
   session.Save("vignette-colour.png", framed);
 }
 

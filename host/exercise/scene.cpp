@@ -181,9 +181,7 @@ PlaneView Scene::Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stri
 
   const ptrdiff_t toFirst = stride < 0 ? ptrdiff_t{shape.rows - 1} * -stride : 0;
   const PlaneView view{lowest + toFirst, stride};
-  Outcome::Window window{windowStart, stride, rowBytes, view.first, {}};
-  window.bytes.resize(static_cast<size_t>(windowEnd - windowStart));
-  outcome_.windows.push_back(std::move(window));
+  outcome_.windows.push_back({windowStart, {}, {windowStart, windowEnd}});
   return view;
 }
 
@@ -257,53 +255,27 @@ uint32_t Scene::AnyByte() {
                             : static_cast<uint8_t>(choices_.Below(256)));
 }
 
+void Scene::KeepInputs() {
+  for (auto& window : outcome_.windows)
+    window.before.assign(window.start, window.start + window.after.size());
+}
+
 Outcome Scene::TakeOutcome() {
   for (auto& window : outcome_.windows)
-    std::memcpy(window.bytes.data(), window.start, window.bytes.size());
+    std::memcpy(window.after.data(), window.start, window.after.size());
   return std::move(outcome_);
 }
 
-std::string Difference(const Outcome& expected, const Outcome& actual) {
-  char text[256];
-  const char* const arguments = expected.arguments.c_str();
-  for (size_t plane = 0; plane < expected.windows.size(); ++plane) {
-    const auto& want = expected.windows[plane];
-    const auto& got = actual.windows[plane];
-    const auto differs = std::mismatch(want.bytes.begin(), want.bytes.end(), got.bytes.begin());
-    if (differs.first == want.bytes.end()) continue;
-    const ptrdiff_t index = differs.first - want.bytes.begin();
-    const ptrdiff_t fromFirst = want.start + index - want.first;
-    ptrdiff_t row = 0, column = fromFirst;
-    if (want.stride != 0) {
-      // The row whose bytes are nearest below, whichever way the rows run.
-      const ptrdiff_t size = want.stride < 0 ? -want.stride : want.stride;
-      const ptrdiff_t rowsBelow =
-          fromFirst >= 0 ? fromFirst / size : -((-fromFirst + size - 1) / size);
-      row = want.stride < 0 ? -rowsBelow : rowsBelow;
-      column = fromFirst - rowsBelow * size;
-    }
-    std::snprintf(text, sizeof text, "plane %zu row %td byte %td: expected %d, got %d; (%s)", plane,
-                  row, column, *differs.first, *differs.second, arguments);
-    return text;
-  }
-  if (expected.result != actual.result) {
-    std::snprintf(text, sizeof text, "result: expected %llx, got %llx; (%s)",
-                  static_cast<unsigned long long>(expected.result),
-                  static_cast<unsigned long long>(actual.result), arguments);
-    return text;
-  }
-  if (!actual.keptFloatControl) return "the floating-point control state was left changed";
-  return {};
-}
-
 std::string CompareRoutines(Exercise* exercise, Routine expected, Routine actual,
-                            const Scene& scene) {
-  Scene expectedScene = scene;
-  exercise(expected, expectedScene);
-  const Outcome want = expectedScene.TakeOutcome();
-  Scene actualScene = scene;
-  exercise(actual, actualScene);
-  return Difference(want, actualScene.TakeOutcome());
+                            const Scene& scene, const std::string& names) {
+  const auto run = [&](Routine routine, bool keepsInputs) {
+    Scene copy = scene;
+    if (keepsInputs) copy.KeepsInputs();
+    exercise(routine, copy);
+    return copy.TakeOutcome();
+  };
+  const Outcome want = run(expected, false), got = run(actual, false);
+  return AreSame(want, got) ? "" : Difference(want, got, run(expected, true), names);
 }
 
 }  // namespace vantrix::host

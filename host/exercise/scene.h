@@ -16,6 +16,7 @@
 
 #include "host/exercise/arena.h"
 #include "host/exercise/choices.h"
+#include "host/exercise/outcome.h"
 #include "plugin/interface.h"
 
 namespace vantrix::host {
@@ -31,20 +32,6 @@ struct PlaneView {
 
   uint16_t* Words() const { return reinterpret_cast<uint16_t*>(first); }
   float* Floats() const { return reinterpret_cast<float*>(first); }
-};
-
-// What a routine left behind.
-struct Outcome {
-  struct Window {
-    const uint8_t* start;
-    int32_t stride, rowBytes;
-    const uint8_t* first;
-    std::vector<uint8_t> bytes;
-  };
-  std::vector<Window> windows;
-  uint64_t result = 0;
-  bool keptFloatControl = true;
-  std::string arguments;
 };
 
 // Runs a call; a benchmark's runs it more than once.
@@ -72,6 +59,9 @@ class Scene {
   // A shape of one's own, and for the first plane, which exercises make the
   // destination, a place `offset` units past an aligned address.
   void Pin(Shape shape, int32_t offset);
+
+  // Notes what the planes hold before the call.
+  void KeepsInputs() { keepsInputs_ = true; }
 
   Choices& Choose() { return choices_; }
   bool IsMeasured() const { return runner_ != nullptr; }
@@ -119,8 +109,13 @@ class Scene {
   uint32_t Junk() { return choices_.Below(65536) * 65537u; }
   void FillContent(uint8_t* start, size_t bytes);
   PlaneView Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stride);
-  template <class T>
-  void Note(T argument);
+  // As the routine takes them.
+  template <class Result, class... Parameters>
+  void Note(Result (*)(Parameters...), std::type_identity_t<Parameters>... arguments) {
+    outcome_.arguments = {ArgumentOf(arguments)...};
+    if (keepsInputs_) KeepInputs();
+  }
+  void KeepInputs();
 
   Arena& arena_;
   Choices choices_;
@@ -128,28 +123,16 @@ class Scene {
   int32_t pinnedOffset_ = -1;
   Runner runner_;
   Measured measured_;
+  bool keepsInputs_ = false;
   Routine routine_ = nullptr;
   int regionsUsed_ = 0;
   bool isRoomy_ = false;
   Outcome outcome_;
 };
 
-template <class T>
-void Scene::Note(T argument) {
-  outcome_.arguments += outcome_.arguments.empty() ? "" : ", ";
-  if constexpr (std::is_pointer_v<T>) {
-    char text[32];
-    std::snprintf(text, sizeof text, "..%03x",
-                  static_cast<unsigned>(reinterpret_cast<uintptr_t>(argument) & 0xFFF));
-    outcome_.arguments += text;
-  } else {
-    outcome_.arguments += std::to_string(argument);
-  }
-}
-
 template <class Signature, class... Arguments>
 void Scene::Call(Routine routine, Arguments... arguments) {
-  (Note(arguments), ...);
+  Note(static_cast<Signature*>(nullptr), arguments...);
   routine_ = routine;
   const auto call = [&] {
     const auto function = reinterpret_cast<Signature*>(routine_);
@@ -170,11 +153,9 @@ void Scene::Call(Routine routine, Arguments... arguments) {
 // An exercise belongs to an argument list, not to a routine.
 using Exercise = void(Routine routine, Scene& scene);
 
-// How the outcomes differ, in one line; empty when they are the same.
-std::string Difference(const Outcome& expected, const Outcome& actual);
-
-// Runs the exercise with both routines in the same scene; their difference.
+// Runs the exercise with both routines in the same scene; their difference in words, empty where
+// there is none. `names` are those of the arguments, separated by ", ".
 std::string CompareRoutines(Exercise* exercise, Routine expected, Routine actual,
-                            const Scene& scene);
+                            const Scene& scene, const std::string& names = {});
 
 }  // namespace vantrix::host

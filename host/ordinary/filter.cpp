@@ -47,6 +47,7 @@ void Convolve(const uint8_t* source, uint8_t* destination, uint32_t rows, int32_
               int32_t sourceStride, int32_t destinationStride, const ConvolutionKernel* kernel) {
   const auto row = kernel->radius == 1   ? ConvolveRow<1>
                    : kernel->radius == 3 ? ConvolveRow<3>
+                   : kernel->radius == 8 ? ConvolveRow<8>
                                          : ConvolveRow<0>;
   for (; rows > 0; --rows) {
     row(source, destination, columns, sourceStride, kernel);

@@ -1,0 +1,19 @@
+// The demonstration as a page for a browser: one file that needs nothing else.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/demo/exhibit.h"
+
+namespace vantrix::host {
+
+// A line of what a reader should know of the run.
+struct Fact {
+  std::string name, value;
+};
+
+std::string Page(const std::vector<Fact>& facts, const std::vector<Section>& sections,
+                 const std::vector<SlotRuns>& all);
+
+}  // namespace vantrix::host

@@ -1,0 +1,14 @@
+// What a run of the demonstration came to, as a table of text.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/demo/exhibit.h"
+
+namespace vantrix::host {
+
+// A line a slot: the times of all its runs, and whether the results were the same.
+std::string TextReport(const std::vector<SlotRuns>& all);
+
+}  // namespace vantrix::host
