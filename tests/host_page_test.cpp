@@ -37,7 +37,7 @@ Lines TableUnder(const std::string& heading, const std::string& head, bool hasCo
   std::string line;
   for (int i = 0; std::getline(rest, line) && line.starts_with("|"); ++i) {
     if (i < 2) continue;
-    if (hasComments) line.resize(line.rfind("|", line.size() - 3) + 1);
+    if (hasComments) line.resize(line.rfind('|', line.size() - 3) + 1);
     lines.push_back(line);
   }
   return lines;
