@@ -1,6 +1,8 @@
-/* The smallest host: what an author of a host needs to know to run the plug-in, in C11 and in
-   literal numbers. It loads the library that is named on the command line, starts it twice, calls
-   routines through its own tables, and prints what happened. Status 0: all went as it should.
+/* The smallest host: what an author of a host needs to know to run the plug-in, in C11. It includes
+   nothing of ours, on purpose: the agreement stands here once more, in literal numbers, so that
+   a change of the header shows; typed_host.c includes the header. This one loads the
+   library that is named on the command line, starts it twice, calls routines through its own
+   tables, and prints what happened. Status 0: all went as it should.
 
      cc -std=c11 minimal_host.c -ldl -o minimal_host && ./minimal_host ./libvantrix.so
 
@@ -66,9 +68,9 @@ static int64_t Poll(void) { return ++polls; }
 
 /* Asked when the plug-in starts. For each suite that the block does not list, with the signature
    QXXM and the suite's code; a host that answers 1 has written the address of a record
-   into *answer. For these questions the block must list the core suite with 5 entries or more. And then
-   with the signature QXIM and pdbg, and pdgv: whether fill arrays of paths are to be checked, and
-   by which guard value. */
+   into *answer. For these questions the block must list the core suite with 5 entries or more. And
+   then with the signature QXIM and pdbg, and pdgv: whether fill arrays of paths are to be checked,
+   and by which guard value. */
 static struct SuiteRecord* unlisted;
 static uint64_t pathIsDebugged;
 static char asked[200];

@@ -1,5 +1,6 @@
 #include "host/catalog.h"
 
+#include "plugin/core_slots.h"
 #include "suites/blend/slots.h"
 #include "suites/convert/slots.h"
 #include "suites/filter/slots.h"
@@ -10,15 +11,6 @@
 #include "suites/select/slots.h"
 
 namespace vantrix::host {
-namespace {
-
-// The core suite's one hook forwards to the host's routine.
-constexpr Slot kCoreSlots[] = {
-    {kNoiseBuffer, Gate::kAlways, "NoiseBufferHook", "base, count, size",
-     "records the noise buffer, then the host's own routine"},
-};
-
-}  // namespace
 
 const std::array<SuiteEntry, kSuiteCount>& Catalog() {
   static const std::array<SuiteEntry, kSuiteCount> suites = {{

@@ -1,4 +1,6 @@
 // The exported entry point.
+#include <type_traits>
+
 #include "plugin/startup.h"
 
 #if defined(_WIN32)
@@ -23,3 +25,5 @@ extern "C" VX_EXPORT int32_t PluginMain(int32_t selector, const vantrix::SuitePa
       return *result = vantrix::kUnknownSelector;
   }
 }
+
+static_assert(std::is_same_v<decltype(PluginMain), vantrix::PluginMainRoutine>);

@@ -2,8 +2,9 @@
 //
 // Counts, widths and strides are signed 32-bit but where they say otherwise; a count or
 // width below 1 touches no memory. A stride is in bytes from a row to the next and may
-// be negative. Source and destination share no memory. Of a tap count or a mode the low
-// 16 bits count, whatever stands above.
+// be negative. Source and destination may overlap: output rows are formed in order, and
+// each from its first sample on. Of a tap count or a mode the low 16 bits count, whatever
+// stands above.
 #pragma once
 
 #include <cstdint>

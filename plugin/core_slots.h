@@ -1,0 +1,15 @@
+// The one slot of suite core that the plug-in writes.
+#pragma once
+
+#include "plugin/interface.h"
+#include "plugin/slots.h"
+
+namespace vantrix {
+
+// It forwards to the host's routine.
+inline constexpr Slot kCoreSlots[] = {
+    {kNoiseBuffer, Gate::kAlways, "NoiseBufferHook", "base, count, size",
+     "records the noise buffer, then the host's own routine"},
+};
+
+}  // namespace vantrix
