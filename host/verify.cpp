@@ -139,6 +139,7 @@ class Verification {
   const Tables& tables_;
   const FormIndex* index_;
   const VerifyOptions& options_;
+  const FaultWatch watch_;
   Arena arena_;
   int passed_ = 0, failed_ = 0;
   const bool isWatched_ = isatty(STDERR_FILENO) != 0;
