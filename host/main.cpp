@@ -1,6 +1,7 @@
 // vantrix-host: a small host for the plug-in.
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -106,7 +107,12 @@ std::vector<std::string> Arguments(int count, char** arguments) {
 }  // namespace vantrix::host
 
 int main(int count, char** arguments) {
-  const int status = vantrix::host::Run(vantrix::host::Arguments(count, arguments));
+  int status;
+  try {
+    status = vantrix::host::Run(vantrix::host::Arguments(count, arguments));
+  } catch (const std::bad_alloc&) {
+    vantrix::host::Fail("out of memory");
+  }
   // What was printed is written only now, and may not have been.
   if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
     std::fputs("vantrix-host: cannot write the output\n", stderr);
