@@ -167,7 +167,7 @@ PlaneView Scene::Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stri
 
   const ptrdiff_t toFirst = stride < 0 ? ptrdiff_t{shape.rows - 1} * -stride : 0;
   const PlaneView view{lowest + toFirst, stride};
-  Outcome::Window window{windowStart, stride, rowBytes, view.first, {}};
+  Outcome::Window window{windowStart, shape.rows, stride, rowBytes, view.first, {}};
   window.bytes.resize(static_cast<size_t>(windowEnd - windowStart));
   outcome_.windows.push_back(std::move(window));
   return view;
@@ -191,6 +191,7 @@ PlaneView Scene::RoomyBytes(Shape shape) {
 
 PlaneView Scene::Over(Shape shape, PlaneView other) {
   if (!isRoomy_) return other;
+  NoteOverlap();
   // The same rows or a row beside them, shifted, perhaps drifting from row to row.
   PlaneView view = other;
   view.first +=
@@ -207,6 +208,7 @@ PlaneView Scene::Over(Shape shape, PlaneView other) {
 PlaneView Scene::PerhapsFolded(PlaneView plane, Shape shape, int32_t rowBytes, int32_t unit) {
   if (IsMeasured() || IsPinned() || !choices_.OneIn(8)) return plane;
   if (shape.rows < 1 || shape.columns < 1) return plane;
+  NoteOverlap();
   if (plane.stride < 0) plane.first += ptrdiff_t{shape.rows - 1} * plane.stride;
   plane.stride = choices_.Between(0, std::min(rowBytes, std::abs(plane.stride))) / unit * unit;
   return plane;
@@ -225,6 +227,7 @@ PlaneView Scene::PerhapsWithin(PlaneView apart, Shape shape, int32_t rowBytes, P
   const ptrdiff_t otherReach = reach(rows, other.stride), ownReach = reach(shape.rows, stride);
   const ptrdiff_t room = std::abs(otherReach) + bytes - std::abs(ownReach) - rowBytes;
   if (room < 0) return apart;
+  NoteOverlap();
   // Near where the other's rows begin, or anywhere.
   const ptrdiff_t start = otherReach < 0 ? -otherReach : 0;
   ptrdiff_t at = choices_.Between(0, static_cast<int32_t>(room));
@@ -249,27 +252,39 @@ Outcome Scene::TakeOutcome() {
   return std::move(outcome_);
 }
 
+Place PlaceOf(const Outcome& outcome, size_t plane, size_t index) {
+  const auto& window = outcome.windows[plane];
+  const ptrdiff_t fromFirst = window.start + index - window.first;
+  ptrdiff_t row = 0, column = fromFirst;
+  if (window.stride != 0) {
+    // The row whose bytes are nearest below, whichever way the rows run.
+    const ptrdiff_t size = std::abs(window.stride);
+    const ptrdiff_t rowsBelow =
+        fromFirst >= 0 ? fromFirst / size : -((-fromFirst + size - 1) / size);
+    row = window.stride < 0 ? -rowsBelow : rowsBelow;
+    column = fromFirst - rowsBelow * size;
+  }
+  return {plane, index, row, column, row < 0 || row >= window.rows || column >= window.rowBytes};
+}
+
+std::optional<Place> FirstDifference(const Outcome& expected, const Outcome& actual) {
+  for (size_t plane = 0; plane < expected.windows.size(); ++plane) {
+    const auto& want = expected.windows[plane].bytes;
+    const auto differs =
+        std::mismatch(want.begin(), want.end(), actual.windows[plane].bytes.begin());
+    if (differs.first != want.end())
+      return PlaceOf(expected, plane, static_cast<size_t>(differs.first - want.begin()));
+  }
+  return {};
+}
+
 std::string Difference(const Outcome& expected, const Outcome& actual) {
   char text[256];
   const char* const arguments = expected.arguments.c_str();
-  for (size_t plane = 0; plane < expected.windows.size(); ++plane) {
-    const auto& want = expected.windows[plane];
-    const auto& got = actual.windows[plane];
-    const auto differs = std::mismatch(want.bytes.begin(), want.bytes.end(), got.bytes.begin());
-    if (differs.first == want.bytes.end()) continue;
-    const ptrdiff_t index = differs.first - want.bytes.begin();
-    const ptrdiff_t fromFirst = want.start + index - want.first;
-    ptrdiff_t row = 0, column = fromFirst;
-    if (want.stride != 0) {
-      // The row whose bytes are nearest below, whichever way the rows run.
-      const ptrdiff_t size = want.stride < 0 ? -want.stride : want.stride;
-      const ptrdiff_t rowsBelow =
-          fromFirst >= 0 ? fromFirst / size : -((-fromFirst + size - 1) / size);
-      row = want.stride < 0 ? -rowsBelow : rowsBelow;
-      column = fromFirst - rowsBelow * size;
-    }
-    std::snprintf(text, sizeof text, "plane %zu row %td byte %td: expected %d, got %d; (%s)", plane,
-                  row, column, *differs.first, *differs.second, arguments);
+  if (const auto at = FirstDifference(expected, actual)) {
+    std::snprintf(text, sizeof text, "plane %zu row %td byte %td: expected %d, got %d; (%s)",
+                  at->plane, at->row, at->column, expected.windows[at->plane].bytes[at->index],
+                  actual.windows[at->plane].bytes[at->index], arguments);
     return text;
   }
   if (expected.result != actual.result) {

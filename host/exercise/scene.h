@@ -9,6 +9,7 @@
 #include <xmmintrin.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -36,13 +37,14 @@ struct PlaneView {
 struct Outcome {
   struct Window {
     const uint8_t* start;
-    int32_t stride, rowBytes;
+    int32_t rows, stride, rowBytes;
     const uint8_t* first;
     std::vector<uint8_t> bytes;
   };
   std::vector<Window> windows;
   uint64_t result = 0;
   bool keptFloatControl = true;
+  bool hasOverlap = false;  // planes share memory, but not as one plane
   std::string arguments;
 };
 
@@ -100,6 +102,7 @@ class Scene {
   // Any result to be compared besides the planes.
   void SetResult(uint64_t result) { outcome_.result = result; }
   uint64_t Result() const { return outcome_.result; }
+  void NoteOverlap() { outcome_.hasOverlap = true; }
   Outcome TakeOutcome();
 
  private:
@@ -154,6 +157,17 @@ void Scene::Call(Routine routine, Arguments... arguments) {
 
 // An exercise belongs to an argument list, not to a routine.
 using Exercise = void(Routine routine, Scene& scene);
+
+// Where what routines left in memory differs: a byte of a row of a plane, or one beside it.
+struct Place {
+  size_t plane, index;    // in the plane's window
+  ptrdiff_t row, column;  // a column is a byte
+  bool isBeside;
+};
+Place PlaceOf(const Outcome& outcome, size_t plane, size_t index);
+
+// The first, plane by plane.
+std::optional<Place> FirstDifference(const Outcome& expected, const Outcome& actual);
 
 // How the outcomes differ, in one line; empty when they are the same.
 std::string Difference(const Outcome& expected, const Outcome& actual);
