@@ -24,7 +24,8 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
   std::string plugin, picture, folder = "out";
-  app.add_option("--plugin", plugin, "The plug-in; by default the one beside this program")
+  app.add_option("--plugin", plugin,
+                 "The plug-in, or the check library; by default the one beside this program")
       ->type_name("FILE");
   Request request{};
 
@@ -55,6 +56,9 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
       ->type_name("FOLDER")
       ->capture_default_str();
 
+  CLI::App* const check = app.add_subcommand(
+      "check", "Run the check library, which compares this host's own routines with the kernels");
+
   try {
     std::reverse(arguments.begin(), arguments.end());
     app.parse(std::move(arguments));
@@ -71,8 +75,11 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
   request.command = slots->parsed()
                         ? isPage ? Request::Command::kSlotPage : Request::Command::kSlots
                     : verify->parsed() ? Request::Command::kVerify
+                    : check->parsed()  ? Request::Command::kCheck
                                        : Request::Command::kDemo;
-  request.plugin = plugin.empty() ? DefaultPluginPath() : PathOf(plugin);
+  request.plugin = !plugin.empty()   ? PathOf(plugin)
+                   : check->parsed() ? DefaultCheckPath()
+                                     : DefaultPluginPath();
   request.picture = PathOf(picture);
   request.folder = PathOf(folder);
   return request;

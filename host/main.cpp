@@ -60,6 +60,14 @@ void PrintProcessor(const FormIndex* index) {
   for (int32_t form = 0; form < index->count; ++form) show(index->names[form], index->runs(form));
 }
 
+// Whether no table has changed.
+bool IsUntouched(const Tables& tables) {
+  for (const SuiteEntry& suite : Catalog())
+    for (size_t slot = 0; slot < tables.EntryCount(suite.index); ++slot)
+      if (tables.IsChanged(suite.index, static_cast<uint16_t>(slot))) return false;
+  return true;
+}
+
 int Run(std::vector<std::string> arguments) {
   int status = 0;
   const auto request = ParseArguments(std::move(arguments), &status);
@@ -80,6 +88,9 @@ int Run(std::vector<std::string> arguments) {
     case Command::kVerify:
       PrintProcessor(index);
       return Verify(tables, index, {request->scenes, request->slot, request->scene}) ? 0 : 1;
+    case Command::kCheck:
+      if (!IsUntouched(tables)) Fail("the check changed the tables");
+      return 0;
     case Command::kDemo:
       return RunDemo(tables, request->picture, request->folder) ? 0 : 1;
     default:
