@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/exercise/scene.h"
+#include "host/ordinary/ordinary.h"
 #include "plugin/interface.h"
 
 namespace vantrix::bench {
@@ -16,11 +17,11 @@ namespace vantrix::bench {
 // Cycles of this processor per tick of its time stamp counter, measured once.
 double CyclesPerTick();
 
-// Registers a benchmark of one routine: the exercise builds the scene of this shape, in
-// which all planes are aligned or none is, and the routine is called in it again and again.
-// Counts cycles per sample of the shape and cycles per row.
+// Registers a benchmark of one routine: the exercise builds the scene of this shape, and the
+// routine is called in it again and again. Counts cycles per sample of the shape and cycles per
+// row.
 void Register(const std::string& name, host::Exercise* exercise, Routine routine, host::Shape shape,
-              bool isMisaligned);
+              host::Measured how);
 
 // The arena in which all routines are measured, one after another.
 host::Arena& MeasuringArena();
@@ -42,7 +43,7 @@ struct Case {
   std::string setting;  // empty for the usual one
   host::Exercise* exercise;
   std::vector<host::Shape> shapes;
-  bool isMisaligned = false;  // then the kernels alone are measured
+  host::Measured how = {};  // where planes are misaligned the kernels alone are measured
 };
 std::vector<Case> Cases();
 
@@ -51,6 +52,10 @@ inline constexpr host::Shape kPlanes[] = {{64, 256}, {256, 1024}, {4096, 4096}};
 inline constexpr host::Shape kShortRows[] = {{64, 5}, {64, 15}, {64, 33}, {64, 100}};
 constexpr bool IsShortRow(host::Shape shape) { return shape.rows == 64 && shape.columns <= 100; }
 constexpr bool IsBiggest(host::Shape shape) { return shape.rows == 4096; }
+
+// The ordinary routines as g++ compiles them, whatever compiles the rest: with its vectoriser
+// and without.
+extern "C" host::FindRoutine FindVectorisedByGcc, FindUnvectorisedByGcc;
 
 // Other routines for the same jobs, by the names of their forms.
 struct Competitor {

@@ -15,19 +15,6 @@ namespace {
 
 using host::PlaneView, host::Scene, host::Shape;
 
-// A mask as masks are: a full disc, and nothing around it.
-void MaskedByDisc(Routine routine, Scene& scene) {
-  const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.Bytes(shape), s = scene.Bytes(shape), m = scene.Bytes(shape);
-  for (int32_t y = 0; y < shape.rows; ++y)
-    for (int32_t x = 0; x < shape.columns; ++x) {
-      const double down = (y + 0.5) / shape.rows - 0.5, right = (x + 0.5) / shape.columns - 0.5;
-      m.first[intptr_t{y} * m.stride + x] = down * down + right * right < 0.16 ? 255 : 0;
-    }
-  scene.Call<MaskedBlend>(routine, s.first, d.first, m.first, shape.rows, shape.columns, s.stride,
-                          d.stride, m.stride);
-}
-
 template <int32_t kTaps>
 void Convolve(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
@@ -94,8 +81,8 @@ std::vector<Shape> ShapesOfSetting(const std::vector<Case>& cases, SuiteIndex su
 }
 
 void AddSetting(std::vector<Case>& cases, SuiteIndex suite, uint16_t slot,
-                const std::string& setting, host::Exercise* exercise) {
-  cases.push_back({suite, slot, setting, exercise, ShapesOfSetting(cases, suite, slot)});
+                const std::string& setting, host::Exercise* exercise, host::Measured how = {}) {
+  cases.push_back({suite, slot, setting, exercise, ShapesOfSetting(cases, suite, slot), how});
 }
 
 template <class Sample, int... kTaps>
@@ -154,7 +141,7 @@ std::vector<Case> Cases() {
         AddSetting(cases, suite.index, reference.slot, "", reference.exercise);
   }
   for (const uint16_t slot : std::initializer_list<uint16_t>{2, 7, 10, 22, 47, 50})
-    AddSetting(cases, kBlend, slot, "disc", MaskedByDisc);
+    AddSetting(cases, kBlend, slot, "disc", host::ExerciseMaskedBlend, {.hasDiscs = true});
   AddSetting(cases, kBlend, 24, "tiles", MultiplyTiles);
   AddSetting(cases, kFilter, 12, "tiles", DeviateTiles);
   AddSetting(cases, kFilter, 28, "3 taps", Convolve<3>);
@@ -170,7 +157,7 @@ std::vector<Case> Cases() {
     Case job = cases[i];
     job.setting += job.setting.empty() ? "misaligned" : " misaligned";
     job.shapes = kCachedPlanes;
-    job.isMisaligned = true;
+    job.how.isMisaligned = true;
     cases.push_back(job);
   }
   cases.push_back({kMemory, 0, "run", host::ExerciseCopyBytes, Runs()});

@@ -1,6 +1,4 @@
-// The fold of fill arrays beside an ordinary one. Rows of so many pending crossings over as many
-// settled entries; they are scattered anew in each row, or lie as in the row above but for a step
-// or none.
+// The fold of fill arrays beside an ordinary one.
 #include "suites/path/fill_array.h"
 
 #include <x86intrin.h>
@@ -9,33 +7,18 @@
 #include <vector>
 
 #include "bench/bench.h"
-#include "bench/ordinary/ordinary.h"
+#include "host/bench/crossings.h"
+#include "host/fill_array.h"
 
 namespace vantrix::bench {
 namespace {
 
 // About 64 Ki crossings in all, so that no predictor can learn them by heart.
 std::vector<uint32_t> MakeArray(uint32_t crossings, bool isScattered) {
-  const uint32_t rows = std::max(65536 / crossings, 8u), stride = 2 * crossings + 2;
-  constexpr uint32_t kRange = 1 << 22;
-  std::vector<uint32_t> words(sizeof(FillArray) / 4 + (rows + 1) * size_t{stride});
-  auto* const array = reinterpret_cast<FillArray*>(words.data());
-  array->endRow = static_cast<int32_t>(rows);
-  array->rowStride = static_cast<int32_t>(stride);
-  host::Choices random(uint64_t{1});
-  std::vector<uint32_t> positions(stride - 2);
-  for (uint32_t& position : positions) position = kRange + random.Below(kRange);
-  uint32_t* row = &words[sizeof(FillArray) / 4];
-  for (uint32_t y = 0; y < rows; ++y, row += stride) {
-    for (uint32_t& position : positions)
-      position = isScattered ? random.Below(kRange) : position + random.Below(3) - 1;
-    row[kEntryCount] = row[kPendingCount] = crossings;
-    uint32_t* const pending = row + kFirstEntry + crossings;
-    std::copy_n(positions.begin(), crossings, row + kFirstEntry);
-    std::sort(row + kFirstEntry, pending);
-    for (uint32_t i = 0; i < crossings; ++i)
-      pending[i] = positions[crossings + i] << 1 | (i & kUpward);
-  }
+  const auto rows = static_cast<int32_t>(std::max(65536 / crossings, 8u));
+  const auto stride = static_cast<int32_t>(2 * crossings + 2);
+  std::vector<uint32_t> words(host::FillArrayWords(rows, stride, false));
+  host::FillRows(host::StartFillArray(words.data(), 0, rows, stride), crossings, isScattered);
   return words;
 }
 
@@ -73,8 +56,8 @@ void RegisterFillArray() {
                                        });
         }
   };
-  add("vectorised", reinterpret_cast<FillArrayRoutine*>(FindVectorised(kPath, 24)));
-  add("unvectorised", reinterpret_cast<FillArrayRoutine*>(FindUnvectorised(kPath, 24)));
+  add("vectorised", reinterpret_cast<FillArrayRoutine*>(FindVectorisedByGcc(kPath, 24)));
+  add("unvectorised", reinterpret_cast<FillArrayRoutine*>(FindUnvectorisedByGcc(kPath, 24)));
   add("plain", ApplyFillArrayOperation);
   add("checked", ApplyFillArrayOperationChecked);
 }

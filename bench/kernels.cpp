@@ -4,9 +4,8 @@
 #include <cstdlib>
 
 #include "bench/bench.h"
-#include "bench/ordinary/ordinary.h"
+#include "host/bench/turns.h"
 #include "host/catalog.h"
-#include "host/services.h"
 #include "plugin/instruction_sets.h"
 #include "suites/all_builds.h"
 
@@ -15,12 +14,8 @@ namespace {
 
 // What is timed must first do the same.
 void RequireSame(const std::string& name, const Case& job, Routine expected, Routine actual) {
-  host::Scene scene(MeasuringArena(), host::Choices(uint64_t{1}));
-  scene.Measure({24, 100}, [](const std::function<void()>& call) {
-    host::services.polls = 0;  // results count them
-    call();
-  });
-  const std::string difference = host::CompareRoutines(job.exercise, expected, actual, scene);
+  const std::string difference =
+      host::CompareMeasured(MeasuringArena(), job.exercise, expected, actual, job.how);
   if (difference.empty()) return;
   std::fprintf(stderr, "%s: %s\n", name.c_str(), difference.c_str());
   std::exit(1);
@@ -43,7 +38,7 @@ void RegisterCase(const Case& job) {
                            (job.setting.empty() ? "" : " " + job.setting) + "/";
   const auto add = [&](const std::string& form, Routine routine, auto isWanted) {
     for (const host::Shape shape : job.shapes)
-      if (isWanted(shape)) Register(name + form, job.exercise, routine, shape, job.isMisaligned);
+      if (isWanted(shape)) Register(name + form, job.exercise, routine, shape, job.how);
   };
   const auto anyShape = [](host::Shape) { return true; };
   const auto notBiggest = [](host::Shape shape) { return !IsBiggest(shape); };
@@ -52,7 +47,7 @@ void RegisterCase(const Case& job) {
 
   ForEachBuild([&]<class Form>(SuiteIndex inSuite, const Build& build) {
     if (inSuite != job.suite || build.slot != job.slot || !Form::RunsOn(instructionSets)) return;
-    if (job.isMisaligned && Form::kBytes == 1) return;
+    if (job.how.isMisaligned && Form::kBytes == 1) return;
     const Routine routine = build.routine();
     RequireSame(name + Form::kName, job, expected, routine);
     if (Form::kBytes == 1)
@@ -62,9 +57,9 @@ void RegisterCase(const Case& job) {
     else
       add(Form::kName, routine, anyShape);
   });
-  if (job.isMisaligned) return;
-  const Routine vectorised = FindVectorised(job.suite, job.slot);
-  const Routine unvectorised = FindUnvectorised(job.suite, job.slot);
+  if (job.how.isMisaligned) return;
+  const Routine vectorised = FindVectorisedByGcc(job.suite, job.slot);
+  const Routine unvectorised = FindUnvectorisedByGcc(job.suite, job.slot);
   RequireSame(name + "vectorised", job, expected, vectorised);
   RequireSame(name + "unvectorised", job, expected, unvectorised);
   add("vectorised", vectorised, wholePlanes);

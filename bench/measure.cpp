@@ -14,7 +14,7 @@ namespace {
 constexpr size_t kRegionBytes = size_t{130} << 20;
 
 void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine, host::Shape shape,
-             bool isMisaligned) {
+             host::Measured how) {
   uint64_t ticks = 0;
   host::Scene scene(MeasuringArena(), host::Choices(uint64_t{1}));
   const auto run = [&](const std::function<void()>& call) {
@@ -22,7 +22,7 @@ void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine,
     for (auto _ : state) call();
     ticks = __rdtsc() - start;
   };
-  scene.Measure(shape, run, isMisaligned);
+  scene.Measure(shape, run, how);
   exercise(routine, scene);
   const double cycles = static_cast<double>(ticks) * CyclesPerTick();
   const double calls = static_cast<double>(state.iterations());
@@ -73,12 +73,12 @@ double CyclesPerTick() {
 }
 
 void Register(const std::string& name, host::Exercise* exercise, Routine routine, host::Shape shape,
-              bool isMisaligned) {
+              host::Measured how) {
   const std::string full =
       name + "/" + std::to_string(shape.rows) + "x" + std::to_string(shape.columns);
   benchmark::RegisterBenchmark(full.c_str(),
                                [=, progress = Progress{}](benchmark::State& state) mutable {
-                                 Measure(state, exercise, routine, shape, isMisaligned);
+                                 Measure(state, exercise, routine, shape, how);
                                  progress.Count(state);
                                });
 }

@@ -15,6 +15,17 @@ constexpr char kAbout[] =
     "A small host: it lists its routine suites, starts the plug-in as any host does, and calls\n"
     "routines through its own tables.";
 
+// A number in a range, which what is no number is not.
+CLI::Validator Between(double least, double most) {
+  return CLI::Validator(
+      [=](const std::string& text) {
+        double value = 0;
+        const bool isIn = CLI::detail::lexical_cast(text, value) && value >= least && value <= most;
+        return isIn ? std::string() : text + " is not a number of seconds that fits";
+      },
+      "");
+}
+
 }  // namespace
 
 std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* status) {
@@ -48,6 +59,15 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
       ->type_name("SCENE")
       ->check(CLI::Range(0, kMost));
 
+  CLI::App* const bench = app.add_subcommand(
+      "bench", "Measure each served slot beside an ordinary routine and the host's own");
+  bench->add_option("--slot", request.slots, "Only this slot, as blnd:2; may be given again")
+      ->type_name("SUITE:SLOT");
+  bench->add_option("--time", request.seconds, "Seconds for a routine in planes of one size")
+      ->type_name("SECONDS")
+      ->capture_default_str()
+      ->check(Between(1e-4, 60));
+
   CLI::App* const demo =
       app.add_subcommand("demo", "Run a picture through the tables: results as PNG, and the times");
   demo->add_option("picture", picture, "A picture; by default one is generated")
@@ -76,6 +96,7 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
                         ? isPage ? Request::Command::kSlotPage : Request::Command::kSlots
                     : verify->parsed() ? Request::Command::kVerify
                     : check->parsed()  ? Request::Command::kCheck
+                    : bench->parsed()  ? Request::Command::kBench
                                        : Request::Command::kDemo;
   request.plugin = !plugin.empty()   ? PathOf(plugin)
                    : check->parsed() ? DefaultCheckPath()

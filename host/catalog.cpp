@@ -36,6 +36,14 @@ const std::array<SuiteEntry, kSuiteCount>& Catalog() {
   return suites;
 }
 
+std::string SlotName(const SuiteEntry& suite, uint16_t slot) {
+  return std::string(suite.name) + ':' + std::to_string(slot);
+}
+
+std::string WritesNoSlot(const std::string& name) {
+  return "the plug-in writes no slot " + name + " here";
+}
+
 const Reference* FindReference(const SuiteEntry& suite, uint16_t slot) {
   for (const Reference& reference : suite.references)
     if (reference.slot == slot) return &reference;

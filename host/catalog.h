@@ -4,6 +4,7 @@
 
 #include <array>
 #include <span>
+#include <string>
 
 #include "host/reference/reference.h"
 #include "plugin/interface.h"
@@ -19,6 +20,12 @@ struct SuiteEntry {
 };
 
 const std::array<SuiteEntry, kSuiteCount>& Catalog();
+
+// As a person names a slot: blnd:2.
+std::string SlotName(const SuiteEntry& suite, uint16_t slot);
+
+// What is said of a name that is none of a slot that the plug-in writes.
+std::string WritesNoSlot(const std::string& name);
 
 // Null where the host has no routine of its own for the slot.
 const Reference* FindReference(const SuiteEntry& suite, uint16_t slot);

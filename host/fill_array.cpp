@@ -30,6 +30,11 @@ void AddCrossing(FillArray* array, int32_t row, uint32_t position, bool isUpward
       position << 1 | (isUpward ? kUpward : 0);
 }
 
+void ClearBehindEntries(uint32_t* row, int32_t rowStride) {
+  const uint32_t room = static_cast<uint32_t>(rowStride) - kFirstEntry;
+  std::fill(row + kFirstEntry + std::min(row[kEntryCount], room), row + rowStride, 0);
+}
+
 FillArrayBlock::FillArrayBlock(int32_t firstRow, int32_t rows, int32_t rowStride, uint32_t guard)
     : rows_(rows), rowStride_(rowStride), words_(FillArrayWords(rows, rowStride, guard != 0)) {
   StartFillArray(words_.data(), firstRow, rows, rowStride);

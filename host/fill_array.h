@@ -22,6 +22,9 @@ uint32_t* RowOf(FillArray* array, int32_t row);
 // Appends a pending entry to a row, before those that it has.
 void AddCrossing(FillArray* array, int32_t row, uint32_t position, bool isUpward);
 
+// What a routine that folds a row leaves behind its entries is its own affair: makes it 0.
+void ClearBehindEntries(uint32_t* row, int32_t rowStride);
+
 // A fill array of its own, with all rows empty.
 class FillArrayBlock {
  public:

@@ -12,10 +12,12 @@
 #endif
 
 #include "host/arguments.h"
+#include "host/bench/bench.h"
 #include "host/demo/demo.h"
 #include "host/forms.h"
 #include "host/paths.h"
 #include "host/plugin_library.h"
+#include "host/sha256.h"
 #include "host/slots.h"
 #include "host/tables.h"
 #include "host/verify.h"
@@ -43,6 +45,14 @@ void StartPlugin(PluginMainRoutine* pluginMain, const Tables& tables) {
   const int32_t outcome = pluginMain(kStartUp, tables.Block(), 0, &result);
   if (outcome != 1 || result != 0)
     Fail("start-up failed with " + std::to_string(outcome) + ", result " + std::to_string(result));
+}
+
+// What a question about a result needs first: which programs made it.
+void PrintLibrary(const std::filesystem::path& library, const FormIndex* index) {
+  std::printf("vantrix-host %s\nstarted %s\n", Version(), TextOf(library).c_str());
+  std::printf("  version %s\n  SHA-256 %s\n",
+              index ? index->version : "unknown: the library does not tell it",
+              Sha256OfFile(library).c_str());
 }
 
 // What the processor has, and which forms the plug-in found that it runs.
@@ -82,8 +92,8 @@ int Run(std::vector<std::string> arguments) {
   }
   const Tables tables;
   StartPlugin(pluginMain, tables);
-  std::printf("vantrix-host %s\nstarted %s\n", Version(),
-              TextOf(PathOfLibrary(pluginMain)).c_str());
+  if (const std::string wrong = WrongWithSlots(tables, request->slots); !wrong.empty()) Fail(wrong);
+  PrintLibrary(PathOfLibrary(pluginMain), index);
   switch (request->command) {
     case Command::kVerify:
       PrintProcessor(index);
@@ -91,6 +101,9 @@ int Run(std::vector<std::string> arguments) {
     case Command::kCheck:
       if (!IsUntouched(tables)) Fail("the check changed the tables");
       return 0;
+    case Command::kBench:
+      PrintProcessor(index);
+      return RunBench(tables, index, {request->slots, request->seconds}) ? 0 : 1;
     case Command::kDemo:
       return RunDemo(tables, request->picture, request->folder) ? 0 : 1;
     default:

@@ -32,15 +32,14 @@ class Verification {
       for (size_t slot = 0; slot < tables_.EntryCount(suite.index); ++slot)
         Try(suite, static_cast<uint16_t>(slot));
     if (passed_ + failed_ == 0 && !options_.slot.empty())
-      std::fprintf(stderr, "vantrix-host: the plug-in writes no slot %s here\n",
-                   options_.slot.c_str());
+      std::fprintf(stderr, "vantrix-host: %s\n", WritesNoSlot(options_.slot).c_str());
     std::printf("%d passed, %d failed\n", passed_, failed_);
     return failed_ == 0 && passed_ > 0;
   }
 
  private:
   void Try(const SuiteEntry& suite, uint16_t slot) {
-    const std::string name = std::string(suite.name) + ':' + std::to_string(slot);
+    const std::string name = SlotName(suite, slot);
     if (!options_.slot.empty() && options_.slot != name) return;
     const auto isThis = [=](const Slot& line) { return line.index == slot; };
     const auto line = std::ranges::find_if(suite.slots, isThis);

@@ -1,4 +1,5 @@
-// Which build of a kernel a routine is: for tools that look into the loaded plug-in.
+// Which version this is, and which build of a kernel a routine is: for tools that look into the
+// loaded plug-in.
 //
 // The plug-in exports its entry point and nothing else. This table stands in its data; a tool
 // that has the library loaded finds it by its mark. A host needs none of it.
@@ -12,11 +13,12 @@ struct FormIndexMark {
   char text[16];
 };
 // Ends in the version of the table.
-inline constexpr FormIndexMark kFormIndexMark{"Vantrix forms 1"};
+inline constexpr FormIndexMark kFormIndexMark{"Vantrix forms 2"};
 
 // Stands at a multiple of 8 bytes.
 struct FormIndex {
   FormIndexMark mark;
+  const char* version;       // of the plug-in, and the commit that it was built from
   int32_t count;             // of forms
   const char* const* names;  // one a form, narrowest first
 

@@ -101,6 +101,16 @@ def faults_of_fences(bodies):
             yield f"control and fence in another order: {name} has {' '.join(order) or 'none'}"
 
 
+def faults_of_returns(bodies):
+    """A processor may keep a stack of return addresses of its own: each return goes to its call."""
+    for name, body in bodies.items():
+        if name.startswith("_ZN7vantrix11PassThrough") and not body[0].startswith("jmp"):
+            yield f"passes on without a jump: {name}"
+        for before, after in zip(body, body[1:]):
+            if before.startswith("push") and after.startswith("ret"):
+                yield f"returns to what was pushed: {name}"
+
+
 def kernels_of(bodies, references):
     """What a list of builds holds are getters; what a getter refers to is a kernel."""
     return {kernel for name in bodies if re.search("vantrixL?5Entry", name)
@@ -113,7 +123,7 @@ def main():
     for path in objects:
         bodies, references = functions(path)
         found = [*faults_of_names(path, form), *faults_of_code(bodies, form),
-                 *faults_of_fences(bodies)]
+                 *faults_of_fences(bodies), *faults_of_returns(bodies)]
         for kernel in kernels_of(bodies, references):
             kernels += 1
             text = "\n".join("\n".join(bodies[name]) for name in reached(kernel, references))

@@ -11,6 +11,7 @@
 
 #include "host/forms.h"
 #include "host/plugin_library.h"
+#include "host/sha256.h"
 #include "host/tables.h"
 
 #if defined(_WIN32)
@@ -52,6 +53,15 @@ TEST(LibraryTest, TellsTheFormOfEachKernelAndOfNothingElse) {
             << suite.name << ' ' << reference.slot;
       }
     }
+}
+
+// Published examples; the third fills a block to where the length no longer fits.
+TEST(Sha256Test, GivesThePublishedDigests) {
+  const auto digest = [](const std::string& text) { return host::Sha256(text); };
+  EXPECT_EQ(digest(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+  EXPECT_EQ(digest("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+  EXPECT_EQ(digest("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq"),
+            "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
 }
 
 class EachLibraryTest : public ::testing::TestWithParam<const char*> {};

@@ -49,6 +49,7 @@ void Execute() {
   asm volatile("maskmovdqu %xmm0, %xmm1");
   asm volatile("vfmadd231ps %ymm0, %ymm1, %ymm2");
   asm volatile("rcpps %xmm0, %xmm1");
+  asm volatile("push %rax\n ret");
 }
 
 }  // namespace vantrix

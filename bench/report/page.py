@@ -28,7 +28,7 @@ and the limit of the memory. Printed by `scripts/benchmark`, which measures it a
   that an SSSE3 form replaces is not measured at 16 MiB.
 - *g++ -O3* and *no vectoriser* are the ordinary routine as g++ compiles it for SSE2, with and
   without its vectoriser: the host's own routine, or where that is written for the eye alone, one
-  with the usual arithmetic (`bench/ordinary/`).
+  with the usual arithmetic (`host/ordinary/`).
 - *Peer* is the best of libyuv, OpenCV and the C library, each in the widest instructions it chooses.
 - *Limit* is the cheapest loop that reads and writes the same planes: in 16 bytes, and in the widest
   registers that run. *Of the limit* takes that of the installed form's width. It is no bound on

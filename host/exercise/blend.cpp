@@ -13,6 +13,17 @@ PlaneView Operand(Scene& scene, Shape shape, PlaneView destination) {
   return scene.Over(shape, destination);
 }
 
+PlaneView Mask(Scene& scene, Shape shape, PlaneView destination) {
+  const PlaneView mask = Operand(scene, shape, destination);
+  if (!scene.HasDiscs()) return mask;
+  for (int32_t y = 0; y < shape.rows; ++y)
+    for (int32_t x = 0; x < shape.columns; ++x) {
+      const double down = (y + 0.5) / shape.rows - 0.5, right = (x + 0.5) / shape.columns - 0.5;
+      mask.first[intptr_t{y} * mask.stride + x] = down * down + right * right < 0.16 ? 255 : 0;
+    }
+  return mask;
+}
+
 }  // namespace
 
 void ExercisePlaneBlend(Routine routine, Scene& scene) {
@@ -31,14 +42,14 @@ void ExerciseOpacityBlend(Routine routine, Scene& scene) {
 void ExerciseMaskedBlend(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
   const PlaneView d = scene.RoomyBytes(shape);
-  const PlaneView s = Operand(scene, shape, d), m = Operand(scene, shape, d);
+  const PlaneView s = Operand(scene, shape, d), m = Mask(scene, shape, d);
   scene.Call<MaskedBlend>(routine, s.first, d.first, m.first, shape.rows, shape.columns, s.stride,
                           d.stride, m.stride);
 }
 
 void ExerciseColorMaskedBlend(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.RoomyBytes(shape), m = Operand(scene, shape, d);
+  const PlaneView d = scene.RoomyBytes(shape), m = Mask(scene, shape, d);
   scene.Call<ColorMaskedBlend>(routine, scene.AnyByte(), d.first, m.first, shape.rows,
                                shape.columns, d.stride, m.stride);
 }
@@ -74,7 +85,7 @@ void ExerciseShareBlend(Routine routine, Scene& scene) {
 
 void ExerciseMaskFirstBlend(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const PlaneView d = scene.RoomyBytes(shape), m = Operand(scene, shape, d);
+  const PlaneView d = scene.RoomyBytes(shape), m = Mask(scene, shape, d);
   scene.Call<MaskFirstBlend>(routine, m.first, d.first, shape.rows, shape.columns, m.stride,
                              d.stride, scene.AnyByte());
 }

@@ -72,8 +72,7 @@ void ExerciseFillArray(Routine routine, Scene& scene) {
   scene.Call<FillArrayRoutine>(routine, array, kOperations[choose.Below(6)],
                                kFlags[choose.Below(4)]);
 
-  for (uint32_t* const row : pending)
-    std::fill(row + kFirstEntry + std::min(row[kEntryCount], room), row + rowStride, 0);
+  for (uint32_t* const row : pending) ClearBehindEntries(row, rowStride);
   uint32_t* const calc = RowOf(array, std::max(shape.rows, 0));
   std::fill(calc, calc + room, 0);
 }

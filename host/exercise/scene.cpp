@@ -39,12 +39,25 @@ void FillNoise(Noise& noise, uint8_t* start, size_t bytes) {
   for (; i < bytes; ++i) start[i] = static_cast<uint8_t>(noise.Next() >> 56);
 }
 
+// No step is so large that a branch on samples goes another way at each.
+void FillSmoothly(Noise& noise, uint8_t* start, size_t bytes) {
+  int sample = static_cast<int>(noise.Next() >> 56);
+  for (size_t i = 0; i < bytes;) {
+    uint64_t steps = noise.Next();
+    for (int k = 0; k < 8 && i < bytes; ++k, steps >>= 8) {
+      const int next = std::abs(sample + static_cast<int>(steps & 7) - 3);
+      sample = next > 255 ? 510 - next : next;
+      start[i++] = static_cast<uint8_t>(sample);
+    }
+  }
+}
+
 }  // namespace
 
-void Scene::Measure(Shape shape, Runner runner, bool isMisaligned) {
+void Scene::Measure(Shape shape, Runner runner, Measured how) {
   fixed_ = shape;
   runner_ = std::move(runner);
-  isMisaligned_ = isMisaligned;
+  measured_ = how;
 }
 
 void Scene::Pin(Shape shape, int32_t offset) {
@@ -90,6 +103,7 @@ Shape Scene::ChooseShape() {
 void Scene::FillContent(uint8_t* start, size_t bytes) {
   const uint32_t kind = IsMeasured() ? 0 : choices_.Below(8);
   Noise noise(choices_.Seed());
+  if (measured_.isSmooth) return FillSmoothly(noise, start, bytes);
   FillNoise(noise, start, bytes);
   constexpr uint8_t kEdges[] = {0, 1, 127, 128, 254, 255, 0, 255};
   switch (kind) {
@@ -145,7 +159,7 @@ PlaneView Scene::Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stri
   ptrdiff_t offset = 64;
   if (isPinned)
     offset += pinnedOffset_ * unit;
-  else if (isMisaligned_)
+  else if (measured_.isMisaligned)
     offset +=
         plane * kApart + kOddPlaces[static_cast<size_t>(plane) % std::size(kOddPlaces)] * unit;
   else if (!IsMeasured())

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -51,13 +52,24 @@ struct Outcome {
 // Runs a call; a benchmark's runs it more than once.
 using Runner = std::function<void(const std::function<void()>& call)>;
 
+// What planes are like where a call is measured.
+struct Measured {
+  bool isMisaligned = false;  // each starts another odd number of units past a boundary
+  bool hasDiscs = false;      // masks are full discs with nothing around them, not noise
+  bool isSmooth = false;      // samples go up and down in small steps, as in pictures: no noise
+};
+
 class Scene {
  public:
   Scene(Arena& arena, Choices choices) : arena_(arena), choices_(choices) {}
 
-  // For measuring: a shape of one's own, noise in all planes, and one's own runner. All
-  // planes are aligned, or none is: each starts another odd number of units past a boundary.
-  void Measure(Shape shape, Runner runner, bool isMisaligned = false);
+  // For measuring: a shape and a runner of one's own, and noise in all planes or what they are to
+  // be like.
+  void Measure(Shape shape, Runner runner, Measured how = {});
+  // For a runner: from here on its call calls this routine, in the same planes.
+  void Substitute(Routine routine) { routine_ = routine; }
+  // The planes so far.
+  std::span<Outcome::Window> Planes() { return outcome_.windows; }
 
   // A shape of one's own, and for the first plane, which exercises make the
   // destination, a place `offset` units past an aligned address.
@@ -65,6 +77,7 @@ class Scene {
 
   Choices& Choose() { return choices_; }
   bool IsMeasured() const { return runner_ != nullptr; }
+  bool HasDiscs() const { return measured_.hasDiscs; }
   bool IsPinned() const { return pinnedOffset_ >= 0; }
 
   // Mostly a few rows of up to some hundred samples; now and then none, about 4096
@@ -117,7 +130,8 @@ class Scene {
   Shape fixed_{};
   int32_t pinnedOffset_ = -1;
   Runner runner_;
-  bool isMisaligned_ = false;
+  Measured measured_;
+  Routine routine_ = nullptr;
   int regionsUsed_ = 0;
   bool isRoomy_ = false;
   Outcome outcome_;
@@ -139,8 +153,9 @@ void Scene::Note(T argument) {
 template <class Signature, class... Arguments>
 void Scene::Call(Routine routine, Arguments... arguments) {
   (Note(arguments), ...);
-  const auto function = reinterpret_cast<Signature*>(routine);
+  routine_ = routine;
   const auto call = [&] {
+    const auto function = reinterpret_cast<Signature*>(routine_);
     if constexpr (std::is_void_v<decltype(function(arguments...))>)
       function(arguments...);
     else

@@ -1,15 +1,15 @@
 #include <cmath>
 
-#include "bench/ordinary/ordinary.h"
+#include "host/ordinary/ordinary.h"
 #include "host/services.h"
 #include "suites/filter/signatures.h"
 
-namespace vantrix::bench {
+namespace vantrix::host {
 namespace {
 
 int64_t Deviation(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
                   int32_t sourceStride, int32_t destinationStride) {
-  const int64_t answer = host::Poll();
+  const int64_t answer = Poll();
   for (int32_t y = 0; y < rows; ++y) {
     for (int32_t x = 0; x < columns; ++x) {
       int32_t sum = 0, squares = 0;
@@ -62,4 +62,4 @@ std::span<const Ordinary> OrdinaryFilters() {
   return routines;
 }
 
-}  // namespace vantrix::bench
+}  // namespace vantrix::host

@@ -1,10 +1,10 @@
 #include <array>
 #include <type_traits>
 
-#include "bench/ordinary/ordinary.h"
+#include "host/ordinary/ordinary.h"
 #include "suites/resample/signatures.h"
 
-namespace vantrix::bench {
+namespace vantrix::host {
 namespace {
 
 uint8_t Finish(int32_t sum, uint8_t*) {
@@ -179,4 +179,4 @@ std::span<const Ordinary> OrdinaryResampling() {
   return routines;
 }
 
-}  // namespace vantrix::bench
+}  // namespace vantrix::host

@@ -1,9 +1,9 @@
 #include <vector>
 
-#include "bench/ordinary/ordinary.h"
+#include "host/ordinary/ordinary.h"
 #include "suites/select/signatures.h"
 
-namespace vantrix::bench {
+namespace vantrix::host {
 namespace {
 
 void SpreadMark(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
@@ -64,4 +64,4 @@ std::span<const Ordinary> OrdinarySelection() {
   return routines;
 }
 
-}  // namespace vantrix::bench
+}  // namespace vantrix::host

@@ -1,7 +1,7 @@
-#include "bench/ordinary/ordinary.h"
+#include "host/ordinary/ordinary.h"
 #include "suites/convert/signatures.h"
 
-namespace vantrix::bench {
+namespace vantrix::host {
 namespace {
 
 void Expand(const uint8_t* source, uint16_t* destination, int32_t rows, int32_t width,
@@ -21,4 +21,4 @@ std::span<const Ordinary> OrdinaryConversions() {
   return routines;
 }
 
-}  // namespace vantrix::bench
+}  // namespace vantrix::host

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "bench/ordinary/ordinary.h"
+#include "host/ordinary/ordinary.h"
 #include "suites/path/signatures.h"
 
-namespace vantrix::bench {
+namespace vantrix::host {
 namespace {
 
 // By operation: bit s for the state s, 1 inside the new shape and 2 inside the old spans.
@@ -82,4 +82,4 @@ std::span<const Ordinary> OrdinaryPaths() {
   return routines;
 }
 
-}  // namespace vantrix::bench
+}  // namespace vantrix::host

@@ -1,7 +1,7 @@
-#include "bench/ordinary/ordinary.h"
+#include "host/ordinary/ordinary.h"
 #include "host/reference/reference.h"
 
-namespace vantrix::bench {
+namespace vantrix::host {
 namespace {
 
 template <class Lists>
@@ -17,19 +17,19 @@ Routine Find(SuiteIndex suite, uint16_t slot) {
   };
   switch (suite) {
     case kBlend:
-      return first(Find(OrdinaryBlends(), slot), host::BlendReferences());
+      return first(Find(OrdinaryBlends(), slot), BlendReferences());
     case kConvert:
-      return first(Find(OrdinaryConversions(), slot), host::ConvertReferences());
+      return first(Find(OrdinaryConversions(), slot), ConvertReferences());
     case kFilter:
-      return first(Find(OrdinaryFilters(), slot), host::FilterReferences());
+      return first(Find(OrdinaryFilters(), slot), FilterReferences());
     case kMemory:
-      return Find(host::MemoryReferences(), slot);
+      return Find(MemoryReferences(), slot);
     case kPath:
       return Find(OrdinaryPaths(), slot);
     case kResample:
-      return first(Find(OrdinaryResampling(), slot), host::ResampleReferences());
+      return first(Find(OrdinaryResampling(), slot), ResampleReferences());
     case kSelect:
-      return first(Find(OrdinarySelection(), slot), host::SelectReferences());
+      return first(Find(OrdinarySelection(), slot), SelectReferences());
     default:
       return nullptr;
   }
@@ -37,9 +37,9 @@ Routine Find(SuiteIndex suite, uint16_t slot) {
 
 }  // namespace
 
-// Each library gives it a name of its own.
+// Each build of these sources gives it a name of its own.
 extern "C" [[gnu::visibility("default")]] Routine VANTRIX_FIND(SuiteIndex suite, uint16_t slot) {
   return Find(suite, slot);
 }
 
-}  // namespace vantrix::bench
+}  // namespace vantrix::host

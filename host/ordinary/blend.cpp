@@ -1,8 +1,8 @@
 // The blends with the usual division by 255, in int.
-#include "bench/ordinary/ordinary.h"
+#include "host/ordinary/ordinary.h"
 #include "suites/blend/signatures.h"
 
-namespace vantrix::bench {
+namespace vantrix::host {
 namespace {
 
 constexpr int By255(int product) { return (product + 128 + ((product + 128) >> 8)) >> 8; }
@@ -86,4 +86,4 @@ std::span<const Ordinary> OrdinaryBlends() {
   return routines;
 }
 
-}  // namespace vantrix::bench
+}  // namespace vantrix::host

@@ -1,0 +1,15 @@
+// The checksum by which a file is known.
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string>
+
+namespace vantrix::host {
+
+// SHA-256, in 64 hexadecimal digits.
+std::string Sha256(std::span<const char> bytes);
+// Of a file; empty if it cannot be read.
+std::string Sha256OfFile(const std::filesystem::path& path);
+
+}  // namespace vantrix::host
