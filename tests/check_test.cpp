@@ -58,6 +58,10 @@ class CheckTest : public ::testing::Test {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
   }
+  ~CheckTest() override {
+    std::error_code ignored;  // a library that is loaded stays
+    std::filesystem::remove_all(folder, ignored);
+  }
 
   void Put(SuiteIndex suite, int slot, auto* routine) {
     RecordsOf(tables.Block())[suite].routines[slot] = reinterpret_cast<Routine>(routine);
