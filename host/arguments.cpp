@@ -35,7 +35,8 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
   std::string plugin, picture, folder = "out";
-  app.add_option("--plugin", plugin, "The plug-in; by default the one beside this program")
+  app.add_option("--plugin", plugin,
+                 "The plug-in, or the check library; by default the one beside this program")
       ->type_name("FILE");
   Request request{};
 
@@ -75,6 +76,9 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
       ->type_name("FOLDER")
       ->capture_default_str();
 
+  CLI::App* const check = app.add_subcommand(
+      "check", "Run the check library, which compares this host's own routines with the kernels");
+
   try {
     std::reverse(arguments.begin(), arguments.end());
     app.parse(std::move(arguments));
@@ -91,9 +95,12 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
   request.command = slots->parsed()
                         ? isPage ? Request::Command::kSlotPage : Request::Command::kSlots
                     : verify->parsed() ? Request::Command::kVerify
+                    : check->parsed()  ? Request::Command::kCheck
                     : bench->parsed()  ? Request::Command::kBench
                                        : Request::Command::kDemo;
-  request.plugin = plugin.empty() ? DefaultPluginPath() : PathOf(plugin);
+  request.plugin = !plugin.empty()   ? PathOf(plugin)
+                   : check->parsed() ? DefaultCheckPath()
+                                     : DefaultPluginPath();
   request.picture = PathOf(picture);
   request.folder = PathOf(folder);
   return request;

@@ -9,7 +9,7 @@
 namespace vantrix::host {
 
 struct Request {
-  enum class Command { kSlots, kSlotPage, kVerify, kBench, kDemo } command;
+  enum class Command { kSlots, kSlotPage, kVerify, kBench, kDemo, kCheck } command;
   std::filesystem::path plugin;
   int scenes = 2000;               // verify: scenes a slot
   std::string slot;                // verify: one slot, as blnd:2; all if empty

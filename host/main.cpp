@@ -1,6 +1,7 @@
 // vantrix-host: a small host for the plug-in.
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -73,9 +74,8 @@ void PrintProcessor(const FormIndex* index) {
   for (int32_t form = 0; form < index->count; ++form) show(index->names[form], index->runs(form));
 }
 
-// The index of the forms; null where the plug-in tells none.
-const FormIndex* Start(PluginMainRoutine* pluginMain, const Tables& tables) {
-  StartPlugin(pluginMain, tables);
+// Says what was started. The index of the forms; null where the plug-in tells none.
+const FormIndex* Introduce(PluginMainRoutine* pluginMain) {
   const FormIndex* const index = FindFormIndex(pluginMain);
   PrintLibrary(PathOfLibrary(pluginMain), index);
   return index;
@@ -93,7 +93,9 @@ std::filesystem::path FolderOfOwn() {
 int RunInOwnWindow() {
   KeepWindowAtEnd();
   const Tables tables;
-  const FormIndex* const index = Start(Load(DefaultPluginPath()), tables);
+  PluginMainRoutine* const pluginMain = Load(DefaultPluginPath());
+  StartPlugin(pluginMain, tables);
+  const FormIndex* const index = Introduce(pluginMain);
   PrintProcessor(index);
   const bool isVerified = Verify(tables, index, {kScenesOfShortLook, "", {}});
   const std::filesystem::path folder = FolderOfOwn();
@@ -104,6 +106,14 @@ int RunInOwnWindow() {
   if (isShown && !OpenFile(folder / kPage))
     std::printf("Open %s in a browser.\n", TextOf(folder / kPage).c_str());
   return isVerified && isShown ? 0 : 1;
+}
+
+// Whether no table has changed.
+bool IsUntouched(const Tables& tables) {
+  for (const SuiteEntry& suite : Catalog())
+    for (size_t slot = 0; slot < tables.EntryCount(suite.index); ++slot)
+      if (tables.IsChanged(suite.index, static_cast<uint16_t>(slot))) return false;
+  return true;
 }
 
 int Run(std::vector<std::string> arguments) {
@@ -120,12 +130,16 @@ int Run(std::vector<std::string> arguments) {
     return 0;
   }
   const Tables tables;
-  const FormIndex* const index = Start(pluginMain, tables);
+  StartPlugin(pluginMain, tables);
   if (const std::string wrong = WrongWithSlots(tables, request->slots); !wrong.empty()) Fail(wrong);
+  const FormIndex* const index = Introduce(pluginMain);
   switch (request->command) {
     case Command::kVerify:
       PrintProcessor(index);
       return Verify(tables, index, {request->scenes, request->slot, request->scene}) ? 0 : 1;
+    case Command::kCheck:
+      if (!IsUntouched(tables)) Fail("the check changed the tables");
+      return 0;
     case Command::kBench:
       PrintProcessor(index);
       return RunBench(tables, index, {request->slots, request->seconds}) ? 0 : 1;
@@ -156,7 +170,12 @@ std::vector<std::string> Arguments(int count, char** arguments) {
 }  // namespace vantrix::host
 
 int main(int count, char** arguments) {
-  const int status = vantrix::host::Run(vantrix::host::Arguments(count, arguments));
+  int status;
+  try {
+    status = vantrix::host::Run(vantrix::host::Arguments(count, arguments));
+  } catch (const std::bad_alloc&) {
+    vantrix::host::Fail("out of memory");
+  }
   // What was printed is written only now, and may not have been.
   if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
     std::fputs("vantrix-host: cannot write the output\n", stderr);

@@ -15,19 +15,18 @@ namespace {
 constexpr char kEntryPoint[] = "PluginMain";
 
 #if defined(_WIN32)
-constexpr char kFileName[] = "Vantrix.dll";
+constexpr char kFileName[] = "Vantrix.dll", kCheckName[] = "VantrixCheck.dll";
 std::filesystem::path PathOfModule(HMODULE module) {
   std::wstring path(MAX_PATH, 0);
   while (GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size())) == path.size())
     path.resize(2 * path.size());
   return path.c_str();
 }
-std::filesystem::path ThisProgram() { return PathOfModule(nullptr); }
-HMODULE ModuleAround(PluginMainRoutine* entry) {
+HMODULE ModuleAround(void* entry) {
   HMODULE module = nullptr;
   GetModuleHandleExW(
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-      reinterpret_cast<LPCWSTR>(entry), &module);
+      static_cast<LPCWSTR>(entry), &module);
   return module;
 }
 std::string ReasonOfTheSystem() {
@@ -40,11 +39,7 @@ std::string ReasonOfTheSystem() {
   return TextOf(std::filesystem::path(reason)) + " (" + std::to_string(error) + ")";
 }
 #else
-constexpr char kFileName[] = "libvantrix.so";
-std::filesystem::path ThisProgram() {
-  std::error_code ignored;
-  return std::filesystem::read_symlink("/proc/self/exe", ignored);
-}
+constexpr char kFileName[] = "libvantrix.so", kCheckName[] = "libvantrixcheck.so";
 std::string ReasonOfTheSystem() {
   const char* const reason = dlerror();
   return reason ? reason : "no reason given";
@@ -53,7 +48,17 @@ std::string ReasonOfTheSystem() {
 
 }  // namespace
 
+#if defined(_WIN32)
+std::filesystem::path ThisProgram() { return PathOfModule(nullptr); }
+#else
+std::filesystem::path ThisProgram() {
+  std::error_code ignored;
+  return std::filesystem::read_symlink("/proc/self/exe", ignored);
+}
+#endif
+
 std::filesystem::path DefaultPluginPath() { return ThisProgram().parent_path() / kFileName; }
+std::filesystem::path DefaultCheckPath() { return ThisProgram().parent_path() / kCheckName; }
 
 // By its whole path: a bare name would be searched for, and another library could be found.
 PluginMainRoutine* LoadPlugin(const std::filesystem::path& path, std::string* error) {
@@ -80,18 +85,32 @@ PluginMainRoutine* LoadPlugin(const std::filesystem::path& path, std::string* er
 
 #if defined(_WIN32)
 std::filesystem::path PathOfLibrary(PluginMainRoutine* entry) {
-  return PathOfModule(ModuleAround(entry));
+  return PathOfModule(ModuleAround(reinterpret_cast<void*>(entry)));
+}
+bool LiesInPlugin(Routine routine) {
+  const HMODULE module = ModuleAround(reinterpret_cast<void*>(routine));
+  return module && GetProcAddress(module, kEntryPoint);
 }
 #else
 std::filesystem::path PathOfLibrary(PluginMainRoutine* entry) {
   Dl_info library;
   return dladdr(reinterpret_cast<void*>(entry), &library) ? library.dli_fname : "";
 }
+bool LiesInPlugin(Routine routine) {
+  Dl_info library, entrysLibrary;
+  if (!dladdr(reinterpret_cast<void*>(routine), &library)) return false;
+  void* const loaded = dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD);
+  if (!loaded) return false;
+  // One that another library lends it is not its own.
+  void* const entry = dlsym(loaded, kEntryPoint);
+  dlclose(loaded);
+  return entry && dladdr(entry, &entrysLibrary) && entrysLibrary.dli_fbase == library.dli_fbase;
+}
 #endif
 
 #if defined(_WIN32)
 std::vector<std::span<const char>> DataAround(PluginMainRoutine* entry) {
-  const HMODULE library = ModuleAround(entry);
+  const HMODULE library = ModuleAround(reinterpret_cast<void*>(entry));
   if (!library) return {};
   const auto base = reinterpret_cast<const char*>(library);
   const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);

@@ -140,6 +140,7 @@ class Verification {
   const Tables& tables_;
   const FormIndex* index_;
   const VerifyOptions& options_;
+  const FaultWatch watch_;
   Arena arena_;
   int passed_ = 0, failed_ = 0;
   Progress progress_;

@@ -1,4 +1,4 @@
-// The built library as a file: what it exports, and the resources in it.
+// The built libraries as files: what they export, and the resources in them.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -64,6 +64,8 @@ TEST(Sha256Test, GivesThePublishedDigests) {
             "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
 }
 
+class EachLibraryTest : public ::testing::TestWithParam<const char*> {};
+
 #if defined(_WIN32)
 
 std::string Reversed(const char* code) {
@@ -82,24 +84,44 @@ std::string Pascal(const std::string& text) {
   return std::string(1, static_cast<char>(text.size())) + text;
 }
 
-TEST(LibraryTest, CarriesThePropertyListByteForByte) {
-  const HMODULE library = LoadLibraryExA(VANTRIX_LIBRARY, nullptr, LOAD_LIBRARY_AS_DATAFILE);
-  ASSERT_NE(library, nullptr);
+struct Component {
+  std::string data;
+  uint32_t length;
+};
+// The list of 8 properties of a library with this name, and the key that stands for it where it is
+// translated.
+std::string PropertyList(const std::string& name, const std::string& key, Component component) {
+  const auto whole = [](const std::string& text) {
+    return static_cast<uint32_t>(text.size() + 4) / 4 * 4;
+  };
+  const std::string translated = "$$$/OrvanePlugin/PIPLInfo/PluginName/" + key + "=" + name;
+  return std::string("\1\0", 2) + Word(0) + Word(8) + Property("nabo", 4, Word(1)) +
+         Property("kind", 4, Reversed("QXXM")) + Property("name", whole(name), Pascal(name)) +
+         Property("znam", whole(translated), Pascal(translated)) +
+         Property("vers", 4, Word(0x00020000)) + Property("prty", 4, Word(10)) +
+         Property("cmpt", component.length, component.data) + Property("8664", 12, "PluginMain");
+}
+
+std::string PropertyListIn(const char* path) {
+  const HMODULE library = LoadLibraryExA(path, nullptr, LOAD_LIBRARY_AS_DATAFILE);
   const HRSRC found = FindResourceExA(library, "PIPL", MAKEINTRESOURCEA(16000), 1033);
-  ASSERT_NE(found, nullptr);
-  ASSERT_EQ(SizeofResource(library, found), 274u);
-  const auto bytes = static_cast<const char*>(LockResource(LoadResource(library, found)));
-  const std::string expected =
-      std::string("\1\0", 2) + Word(0) + Word(8) + Property("nabo", 4, Word(1)) +
-      Property("kind", 4, Reversed("QXXM")) + Property("name", 20, Pascal("Vantrix Routines")) +
-      Property("znam", 72,
-               Pascal("$$$/OrvanePlugin/PIPLInfo/PluginName/VantrixRoutines=Vantrix Routines")) +
-      Property("vers", 4, Word(0x00020000)) + Property("prty", 4, Word(10)) +
-      Property("cmpt", 16, Word(6) + "Vantrix") + Property("8664", 12, "PluginMain");
-  ASSERT_EQ(expected.size(), 274u);
-  EXPECT_EQ(std::string(bytes, 274), expected);
+  if (!found) return "none";
   EXPECT_NE(FindResourceA(library, MAKEINTRESOURCEA(1), reinterpret_cast<LPCSTR>(RT_VERSION)),
             nullptr);
+  return {static_cast<const char*>(LockResource(LoadResource(library, found))),
+          SizeofResource(library, found)};
+}
+
+TEST(LibraryTest, CarriesThePropertyListByteForByte) {
+  const std::string expected =
+      PropertyList("Vantrix Routines", "VantrixRoutines", {Word(6) + "Vantrix", 16});
+  EXPECT_EQ(expected.size(), 274u);
+  EXPECT_EQ(PropertyListIn(VANTRIX_LIBRARY), expected);
+}
+
+TEST(LibraryTest, TellsTheCheckFromThePlugin) {
+  EXPECT_EQ(PropertyListIn(VANTRIX_CHECK_LIBRARY),
+            PropertyList("Vantrix Check", "VantrixCheck", {Word(6) + "Vantrix Check", 20}));
 }
 
 // Symbols lie in a file of their own, so the library's bytes are what every host loads.
@@ -109,8 +131,8 @@ TEST(LibraryTest, StaysBelowOneAndAHalfMebibytes) {
   EXPECT_LT(bytes, 3u << 19);
 }
 
-TEST(LibraryTest, ExportsTheEntryPointAlone) {
-  const auto base = reinterpret_cast<const uint8_t*>(LoadLibraryA(VANTRIX_LIBRARY));
+TEST_P(EachLibraryTest, ExportsTheEntryPointAlone) {
+  const auto base = reinterpret_cast<const uint8_t*>(LoadLibraryA(GetParam()));
   ASSERT_NE(base, nullptr);
   const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
   const auto nt = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
@@ -129,8 +151,8 @@ TEST(LibraryTest, ExportsTheEntryPointAlone) {
 
 #else
 
-TEST(LibraryTest, ExportsTheEntryPointAlone) {
-  const std::string command = std::string("nm -D --defined-only ") + VANTRIX_LIBRARY;
+TEST_P(EachLibraryTest, ExportsTheEntryPointAlone) {
+  const std::string command = std::string("nm -D --defined-only ") + GetParam();
   FILE* const output = popen(command.c_str(), "r");
   ASSERT_NE(output, nullptr);
   std::vector<std::string> names;
@@ -145,6 +167,9 @@ TEST(LibraryTest, ExportsTheEntryPointAlone) {
 }
 
 #endif
+
+INSTANTIATE_TEST_SUITE_P(Libraries, EachLibraryTest,
+                         ::testing::Values(VANTRIX_LIBRARY, VANTRIX_CHECK_LIBRARY));
 
 }  // namespace
 }  // namespace vantrix

@@ -5,6 +5,7 @@ add_test(NAME kernel_imports COMMAND ${CMAKE_COMMAND}
 
 set(check_objects ${CMAKE_CURRENT_SOURCE_DIR}/check_objects.py)
 add_test(NAME objects_Core COMMAND ${check_objects} Core $<TARGET_OBJECTS:vantrix_core>
+         $<TARGET_OBJECTS:vantrix_core_entry> $<TARGET_OBJECTS:vantrix_core_startup>
          COMMAND_EXPAND_LISTS)
 foreach(form ${VANTRIX_FORMS})
   add_test(NAME objects_${form} COMMAND ${check_objects} ${form}

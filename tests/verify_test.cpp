@@ -55,10 +55,12 @@ TEST_F(VerifyTest, GoesOnAfterAFault) {
   EXPECT_FALSE(IsGood("blnd:2"));
   EXPECT_FALSE(IsGood("blnd:53"));
   EXPECT_TRUE(IsGood("blnd:3"));
+  const host::FaultWatch watch;
   for (int turn = 0; turn < 3; ++turn)
     EXPECT_STREQ(host::FaultIn(TouchNull), "touched memory that it may not");
   EXPECT_STREQ(host::FaultIn([] { asm volatile("ud2"); }),
                "ran an instruction that this processor does not know");
+  EXPECT_STREQ(host::FaultIn([] { throw 1; }), "threw an exception");
   EXPECT_EQ(host::FaultIn(DoNothing), nullptr);
 }
 

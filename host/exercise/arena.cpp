@@ -6,8 +6,7 @@
 #include <sys/mman.h>
 #endif
 
-#include <cstdio>
-#include <cstdlib>
+#include <new>
 
 namespace vantrix::host {
 namespace {
@@ -39,14 +38,15 @@ bool Allow(uint8_t* memory, size_t bytes, Access access) {
 
 }  // namespace
 
-Arena::Arena(int regions, size_t bytes) : regionBytes_((bytes + kPage - 1) / kPage * kPage) {
+Arena::Arena(size_t bytes) : regionBytes_((bytes + kPage - 1) / kPage * kPage) {}
+
+// By the other constructor, so that what there is goes away again where not all of it fits.
+Arena::Arena(int regions, size_t bytes) : Arena(bytes) {
   for (int i = 0; i < regions; ++i) {
     uint8_t* memory = Reserve(regionBytes_ + 2 * kPage);
-    if (!memory || !Allow(memory + kPage, regionBytes_, Access::kWrite)) {
-      std::fprintf(stderr, "vantrix-host: out of memory\n");
-      std::exit(1);
-    }
+    if (!memory) throw std::bad_alloc();
     regions_.push_back(memory + kPage);
+    if (!Allow(memory + kPage, regionBytes_, Access::kWrite)) throw std::bad_alloc();
   }
 }
 

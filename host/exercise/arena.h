@@ -10,7 +10,7 @@ namespace vantrix::host {
 class Arena {
  public:
   // `regions` regions of at least `bytes` bytes, each with an inaccessible page right
-  // before its first and right after its last byte.
+  // before its first and right after its last byte. Throws std::bad_alloc where there is no room.
   Arena(int regions, size_t bytes);
   // What any scene fits.
   Arena() : Arena(8, size_t{2} << 20) {}
@@ -29,6 +29,8 @@ class Arena {
   static constexpr size_t kPage = 4096;
 
  private:
+  explicit Arena(size_t bytes);
+
   std::vector<uint8_t*> regions_;
   size_t regionBytes_;
 };

@@ -168,7 +168,10 @@ bool AreSame(const Outcome& expected, const Outcome& actual) {
 }
 
 std::string Difference(const Outcome& expected, const Outcome& actual, const Outcome& inputs,
-                       const std::string& names) {
+                       const std::string& names, Sides sides) {
+  const auto both = [&](const std::string& want, const std::string& got) {
+    return std::string(": ") + sides.expected + ' ' + want + ", " + sides.actual + ' ' + got;
+  };
   const NamedArguments arguments(inputs.arguments, names);
   std::string text;
   Position at{0, 0};
@@ -191,10 +194,10 @@ std::string Difference(const Outcome& expected, const Outcome& actual, const Out
     } else {
       text = "memory beside the planes";
     }
-    text += ": expected " + want_text + ", got " + got_text;
+    text += both(want_text, got_text);
   } else if (expected.result != actual.result) {
-    text = "result: expected " + NumberText(static_cast<int64_t>(expected.result)) + ", got " +
-           NumberText(static_cast<int64_t>(actual.result));
+    text = "result" + both(NumberText(static_cast<int64_t>(expected.result)),
+                           NumberText(static_cast<int64_t>(actual.result)));
   } else {
     text = "the floating-point control state was left changed";
   }
@@ -209,6 +212,10 @@ std::string Difference(const Outcome& expected, const Outcome& actual, const Out
     text += kNewLine + ("before: " + samples);
   }
   return text;
+}
+
+std::string ArgumentsText(const Outcome& outcome, const std::string& names) {
+  return ArgumentsText(NamedArguments(outcome.arguments, names));
 }
 
 }  // namespace vantrix::host

@@ -45,6 +45,8 @@ struct Outcome {
   // The memory of a plane, and some on each side of it.
   struct Window {
     const uint8_t* start;
+    int32_t rows, stride, rowBytes;
+    const uint8_t* first;                // row
     std::vector<uint8_t> before, after;  // the call; `before` only where inputs are kept
 
     bool Holds(const uint8_t* place) const {
@@ -55,6 +57,7 @@ struct Outcome {
   std::vector<Argument> arguments;
   uint64_t result = 0;
   bool keptFloatControl = true;
+  bool hasOverlap = false;  // planes share memory, but not as one plane
 };
 
 bool AreSame(const Outcome& expected, const Outcome& actual);
@@ -62,7 +65,13 @@ bool AreSame(const Outcome& expected, const Outcome& actual);
 // Where two outcomes differ first, in lines of text: the samples, the arguments, and what every
 // plane held there before, as `inputs` says, the outcome of a call that kept them. `names` are
 // those of the arguments, separated by ", ".
+struct Sides {
+  const char *expected = "expected", *actual = "got";
+};
 std::string Difference(const Outcome& expected, const Outcome& actual, const Outcome& inputs,
-                       const std::string& names);
+                       const std::string& names, Sides sides = {});
+
+// What a routine was called with, in words.
+std::string ArgumentsText(const Outcome& outcome, const std::string& names);
 
 }  // namespace vantrix::host

@@ -181,7 +181,8 @@ PlaneView Scene::Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stri
 
   const ptrdiff_t toFirst = stride < 0 ? ptrdiff_t{shape.rows - 1} * -stride : 0;
   const PlaneView view{lowest + toFirst, stride};
-  outcome_.windows.push_back({windowStart, {}, {windowStart, windowEnd}});
+  outcome_.windows.push_back(
+      {windowStart, shape.rows, stride, rowBytes, view.first, {}, {windowStart, windowEnd}});
   return view;
 }
 
@@ -203,6 +204,7 @@ PlaneView Scene::RoomyBytes(Shape shape) {
 
 PlaneView Scene::Over(Shape shape, PlaneView other) {
   if (!isRoomy_) return other;
+  NoteOverlap();
   // The same rows or a row beside them, shifted, perhaps drifting from row to row.
   PlaneView view = other;
   view.first +=
@@ -219,6 +221,7 @@ PlaneView Scene::Over(Shape shape, PlaneView other) {
 PlaneView Scene::PerhapsFolded(PlaneView plane, Shape shape, int32_t rowBytes, int32_t unit) {
   if (IsMeasured() || IsPinned() || !choices_.OneIn(8)) return plane;
   if (shape.rows < 1 || shape.columns < 1) return plane;
+  NoteOverlap();
   if (plane.stride < 0) plane.first += ptrdiff_t{shape.rows - 1} * plane.stride;
   plane.stride = choices_.Between(0, std::min(rowBytes, std::abs(plane.stride))) / unit * unit;
   return plane;
@@ -237,6 +240,7 @@ PlaneView Scene::PerhapsWithin(PlaneView apart, Shape shape, int32_t rowBytes, P
   const ptrdiff_t otherReach = reach(rows, other.stride), ownReach = reach(shape.rows, stride);
   const ptrdiff_t room = std::abs(otherReach) + bytes - std::abs(ownReach) - rowBytes;
   if (room < 0) return apart;
+  NoteOverlap();
   // Near where the other's rows begin, or anywhere.
   const ptrdiff_t start = otherReach < 0 ? -otherReach : 0;
   ptrdiff_t at = choices_.Between(0, static_cast<int32_t>(room));

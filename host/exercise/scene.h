@@ -9,6 +9,7 @@
 #include <xmmintrin.h>
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <type_traits>
@@ -103,6 +104,7 @@ class Scene {
   // Any result to be compared besides the planes.
   void SetResult(uint64_t result) { outcome_.result = result; }
   uint64_t Result() const { return outcome_.result; }
+  void NoteOverlap() { outcome_.hasOverlap = true; }
   Outcome TakeOutcome();
 
  private:

@@ -67,6 +67,7 @@ void PropagateScene(Routine routine, Scene& scene) {
   PlaneView priority, value;
   if (!scene.IsMeasured() && shape.rows > 0 && columns > 0 && choose.OneIn(6)) {
     // Planes that share entries, or lie in one another's gaps.
+    scene.NoteOverlap();
     constexpr int32_t kMore = 4;
     const Shape both{shape.rows + 1, shape.columns + kMore};
     const PlaneView plane = scene.Plane(both, (columns + kMore) * kSize, kSize);

@@ -1,0 +1,47 @@
+// Start-up of the check: the plug-in's own, up to where that would install its kernels.
+#include "plugin/startup.h"
+
+#include <exception>
+
+#include "check/check.h"
+#include "common/tables.h"
+#include "host/plugin_library.h"
+#include "plugin/instruction_sets.h"
+#include "plugin/suites.h"
+
+extern "C" vantrix::PluginMainRoutine PluginMain;
+
+namespace vantrix {
+namespace {
+
+// Nothing that goes wrong here is the host's affair.
+std::string CheckBesideLibrary(const check::HostTables& tables) {
+  try {
+    check::Options options;
+    options.folders = {std::filesystem::absolute(host::PathOfLibrary(PluginMain)).parent_path()};
+    std::error_code error;
+    const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
+    if (!error) options.folders.push_back(temporary);
+    return check::Check(tables, options);
+  } catch (const std::exception& error) {
+    return std::string("Vantrix check: it ended early: ") + error.what();
+  }
+}
+
+}  // namespace
+
+int32_t Startup(const SuiteParameterBlock* block, int16_t* result, const System& system) {
+  processorFeatures = DetectFeatures(system);
+  instructionSets = DetectInstructionSets(system, processorFeatures);
+  *result = AcquireSuites(block, [](Routine) { return false; });
+  if (*result != 0) return *result;
+  BuildSharedTables();
+  if (processorFeatures.hasSSE2) FillSSE2Constants();
+
+  const check::HostTables tables(block);
+  tables.Say(CheckBesideLibrary(tables));
+  *result = 0;
+  return 1;
+}
+
+}  // namespace vantrix
