@@ -172,9 +172,9 @@ std::string Verdict(const std::vector<SlotRuns>& all) {
   const std::string compared =
       std::to_string(all.size()) + " slots were tried in " + std::to_string(count) +
       " pieces of work. The host's own routine and the plug-in's did each piece from the same "
-      "memory; all bytes of both results were compared.";
+      "memory; their results were compared bit for bit.";
   const std::string words =
-      wrong == 0 ? "\u2713 Every result is the host's own, byte for byte."
+      wrong == 0 ? "\u2713 Every result is the host's own, bit for bit."
                  : "\u2717 " + std::to_string(wrong) + " of " + std::to_string(all.size()) +
                        " slots gave another result than the host's own routine.";
   return Element(std::string("p class=\"verdict ") + (wrong == 0 ? "good\"" : "bad\""),
