@@ -99,8 +99,8 @@ void TouchNull() {
 }
 void RunNonsense() { asm volatile("ud2"); }
 void DivideByZero() {
-  volatile int one = 1, zero = 0;
-  one = one / zero;
+  int low = 1, high = 0;
+  asm volatile("idivl %2" : "+a"(low), "+d"(high) : "r"(0) : "cc");
 }
 void Throw() { throw std::runtime_error("no"); }
 volatile int depth = 1 << 30;

@@ -124,8 +124,11 @@ void AverageArea(const uint8_t* source, uint8_t* destination, int32_t outputRows
 void Stepped(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t width,
              const int32_t* rowLengths, int32_t sourceStride, int32_t destinationStride) {
   for (int32_t y = 0; y < rows; ++y) {
-    const auto step = static_cast<int64_t>(width * 4294967296.0 / rowLengths[y]);
-    int64_t position = (int64_t{width} << 31) - ((width - 1) * step >> 1);
+    int64_t step = 0, position = -(int64_t{3} << 32);  // of no length: what stands before the row
+    if (rowLengths[y] != 0) {
+      step = static_cast<int64_t>(width * 4294967296.0 / rowLengths[y]);
+      position = (int64_t{width} << 31) - ((width - 1) * step >> 1);
+    }
     for (int32_t x = 0; x < width; ++x, position += step) {
       int64_t index = position >> 32;
       if (index < -2) index = -3;
