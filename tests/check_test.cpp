@@ -85,8 +85,9 @@ class CheckTest : public ::testing::Test {
   }
 
   host::Tables tables;
+  // Where the test runs: in temporary ones other builds' tests could be.
   const std::filesystem::path folder =
-      std::filesystem::temp_directory_path() /
+      std::filesystem::current_path() /
       (std::string("vantrix-check-") +
        ::testing::UnitTest::GetInstance()->current_test_info()->name());
 };
