@@ -26,18 +26,39 @@ CLI::Validator Between(double least, double most) {
       "");
 }
 
+// Decimal digits alone: the parser would take octal and hexadecimal ones, spaces and signs too.
+std::string WrongWithNumber(const std::string& text) {
+  const bool isNumber = !text.empty() && text.find_first_not_of("0123456789") == text.npos &&
+                        (text == "0" || text[0] != '0');
+  return isNumber ? "" : text + " is not a number in decimal digits";
+}
+std::string WrongWithSlotName(const std::string& text) {
+  const size_t colon = text.find(':');
+  const bool isName = colon == 4 && text.find_first_not_of("abcdefghijklmnopqrstuvwxyz") == colon &&
+                      WrongWithNumber(text.substr(colon + 1)).empty();
+  return isName ? "" : text + " is not a slot, as blnd:2";
+}
+std::string WrongWithFile(const std::string& text) {
+  return text.empty() ? "an empty text names no file" : "";
+}
+CLI::Validator Checked(std::string (*wrongWith)(const std::string&)) {
+  return CLI::Validator([=](const std::string& text) { return wrongWith(text); }, "");
+}
+
 }  // namespace
 
 std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* status) {
   CLI::App app(kAbout, "vantrix-host");
   app.set_help_all_flag("--help-all", "Print the help of every command");
-  app.set_version_flag("--version", std::string("vantrix-host ") + Version());
+  const std::string version = std::string("vantrix-host ") + Version();
+  app.set_version_flag("--version", version);
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
   std::string plugin, picture, folder = "out";
   app.add_option("--plugin", plugin,
                  "The plug-in, or the check library; by default the one beside this program")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(Checked(WrongWithFile));
   Request request{};
 
   CLI::App* const slots = app.add_subcommand(
@@ -53,16 +74,21 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
   verify->add_option("scenes,--scenes", request.scenes, "Scenes a slot")
       ->type_name("SCENES")
       ->capture_default_str()
+      ->check(Checked(WrongWithNumber))
       ->check(CLI::Range(1, kMost));
-  verify->add_option("--slot", request.slot, "Only this slot, as blnd:2")->type_name("SUITE:SLOT");
+  verify->add_option("--slot", request.slot, "Only this slot, as blnd:2")
+      ->type_name("SUITE:SLOT")
+      ->check(Checked(WrongWithSlotName));
   verify->add_option("--scene", request.scene, "Only this scene")
       ->type_name("SCENE")
+      ->check(Checked(WrongWithNumber))
       ->check(CLI::Range(0, kMost));
 
   CLI::App* const bench = app.add_subcommand(
       "bench", "Measure each served slot beside an ordinary routine and the host's own");
   bench->add_option("--slot", request.slots, "Only this slot, as blnd:2; may be given again")
-      ->type_name("SUITE:SLOT");
+      ->type_name("SUITE:SLOT")
+      ->check(Checked(WrongWithSlotName));
   bench->add_option("--time", request.seconds, "Seconds for a routine in planes of one size")
       ->type_name("SECONDS")
       ->capture_default_str()
@@ -71,14 +97,18 @@ std::optional<Request> ParseArguments(std::vector<std::string> arguments, int* s
   CLI::App* const demo =
       app.add_subcommand("demo", "Run a picture through the tables: results as PNG, and the times");
   demo->add_option("picture", picture, "A picture; by default one is generated")
-      ->type_name("PICTURE");
+      ->type_name("PICTURE")
+      ->check(Checked(WrongWithFile));
   demo->add_option("--out", folder, "The folder for results")
       ->type_name("FOLDER")
-      ->capture_default_str();
+      ->capture_default_str()
+      ->check(Checked(WrongWithFile));
 
   CLI::App* const check = app.add_subcommand(
       "check", "Run the check library, which compares this host's own routines with the kernels");
 
+  for (CLI::App* const command : {slots, verify, bench, demo, check})
+    command->set_version_flag("--version", version);
   try {
     std::reverse(arguments.begin(), arguments.end());
     app.parse(std::move(arguments));

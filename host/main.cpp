@@ -1,6 +1,7 @@
 // vantrix-host: a small host for the plug-in.
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <new>
 #include <string>
 #include <vector>
@@ -14,11 +15,13 @@
 #include "host/arguments.h"
 #include "host/bench/bench.h"
 #include "host/demo/demo.h"
+#include "host/exercise/fault.h"
 #include "host/forms.h"
 #include "host/machine.h"
 #include "host/own_window.h"
 #include "host/paths.h"
 #include "host/plugin_library.h"
+#include "host/services.h"
 #include "host/sha256.h"
 #include "host/slots.h"
 #include "host/tables.h"
@@ -32,7 +35,11 @@ using Command = Request::Command;
 
 constexpr int kScenesOfShortLook = 200;  // a slot
 
+// While a routine may end the program, with status 0 as well.
+bool isAtWork;
+
 [[noreturn]] void Fail(const std::string& reason) {
+  isAtWork = false;
   std::fprintf(stderr, "vantrix-host: %s\n", reason.c_str());
   std::exit(1);
 }
@@ -97,7 +104,7 @@ int RunInOwnWindow() {
   StartPlugin(pluginMain, tables);
   const FormIndex* const index = Introduce(pluginMain);
   PrintProcessor(index);
-  const bool isVerified = Verify(tables, index, {kScenesOfShortLook, "", {}});
+  const bool isVerified = Verify(tables, index, {kScenesOfShortLook, "", {}, "vantrix-host"});
   const std::filesystem::path folder = FolderOfOwn();
   std::filesystem::path sample = DefaultPluginPath().parent_path() / "sample.jpg";
   std::error_code ignored;
@@ -116,6 +123,27 @@ bool IsUntouched(const Tables& tables) {
   return true;
 }
 
+// What the check library tells its host: that it compared, and where its report is.
+bool IsGoodReport(const std::string& report) {
+  return report.find(" 0 different, 0 faulted") != report.npos &&
+         report.find("; the report is in ") != report.npos;
+}
+
+// How to call this program with a plug-in.
+std::string Called(const std::filesystem::path& plugin) {
+  return plugin == DefaultPluginPath() ? "vantrix-host"
+                                       : "vantrix-host --plugin \"" + TextOf(plugin) + '"';
+}
+
+// The status that work ends with. Routines that fault are named by `verify`.
+int StatusOf(const std::function<bool()>& work) {
+  const FaultWatch watch;
+  bool isGood = false;
+  if (const char* const fault = FaultIn([&] { isGood = work(); }))
+    Fail(std::string("a routine ") + fault + "; verify tells which");
+  return isGood ? 0 : 1;
+}
+
 int Run(std::vector<std::string> arguments) {
   if (arguments.empty() && HasOwnWindow()) return RunInOwnWindow();
   int status = 0;
@@ -130,21 +158,26 @@ int Run(std::vector<std::string> arguments) {
     return 0;
   }
   const Tables tables;
+  services.printsReports = request->command != Command::kCheck;
   StartPlugin(pluginMain, tables);
   if (const std::string wrong = WrongWithSlots(tables, request->slots); !wrong.empty()) Fail(wrong);
   const FormIndex* const index = Introduce(pluginMain);
   switch (request->command) {
     case Command::kVerify:
       PrintProcessor(index);
-      return Verify(tables, index, {request->scenes, request->slot, request->scene}) ? 0 : 1;
+      return Verify(tables, index,
+                    {request->scenes, request->slot, request->scene, Called(request->plugin)})
+                 ? 0
+                 : 1;
     case Command::kCheck:
       if (!IsUntouched(tables)) Fail("the check changed the tables");
-      return 0;
+      std::printf("%s\n", services.report.c_str());
+      return IsGoodReport(services.report) ? 0 : 1;
     case Command::kBench:
       PrintProcessor(index);
-      return RunBench(tables, index, {request->slots, request->seconds}) ? 0 : 1;
+      return StatusOf([&] { return RunBench(tables, index, {request->slots, request->seconds}); });
     case Command::kDemo:
-      return RunDemo(tables, index, {request->picture, request->folder}) ? 0 : 1;
+      return StatusOf([&] { return RunDemo(tables, index, {request->picture, request->folder}); });
     default:
       PrintProcessor(index);
       return PrintSlots(tables, index) ? 0 : 1;
@@ -170,12 +203,19 @@ std::vector<std::string> Arguments(int count, char** arguments) {
 }  // namespace vantrix::host
 
 int main(int count, char** arguments) {
+  std::atexit([] {
+    if (!vantrix::host::isAtWork) return;
+    std::fputs("vantrix-host: a routine ended the program\n", stderr);
+    std::_Exit(1);
+  });
   int status;
+  vantrix::host::isAtWork = true;
   try {
     status = vantrix::host::Run(vantrix::host::Arguments(count, arguments));
   } catch (const std::bad_alloc&) {
     vantrix::host::Fail("out of memory");
   }
+  vantrix::host::isAtWork = false;
   // What was printed is written only now, and may not have been.
   if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
     std::fputs("vantrix-host: cannot write the output\n", stderr);

@@ -33,6 +33,7 @@ uint32_t QueryCapability(uint32_t signature, uint32_t selector, void* answer) {
 
 void Assert(const char* message, const char* sourceFile, int32_t line, int32_t flag) {
   ++services.reports;
+  services.report = message;
   if (services.printsReports)
     std::fprintf(stderr, "assertion: %s (%s, line %d, flag %d)\n", message, sourceFile, line, flag);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "plugin/interface.h"
 
@@ -15,6 +16,7 @@ struct Services {
 
   int polls = 0;
   int reports = 0;
+  std::string report;  // the last
   struct Noise {
     uint8_t* base = nullptr;
     uint32_t count = 0, size = 0;

@@ -75,7 +75,7 @@ bool PrintSlots(const Tables& tables, const FormIndex* index) {
     std::vector<bool> isExpected(tables.EntryCount(suite.index));
     for (const Line& line : lines) {
       isExpected[line.index] = line.isOpen;
-      all.Add(line, line.isOpen);
+      if (tables.IsChanged(suite.index, line.index)) all.Add(line, line.isOpen);
       std::printf("  %3d  %-12s %-14s  %-8s  %s\n", line.index, line.gates.c_str(),
                   line.isOpen ? StateOf(*line.slot) : "host's own",
                   FormIn(tables, index, suite.index, line).c_str(), line.slot->name);

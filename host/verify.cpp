@@ -118,8 +118,8 @@ class Verification {
     std::printf("%s %-8s %-6s %-30s ", isGood ? "ok    " : "FAILED", name.c_str(), form.c_str(),
                 routine);
     if (!isGood && verdict.scene >= 0)
-      std::printf(" scene %d: %s\n       again: vantrix-host verify --slot %s --scene %d\n",
-                  verdict.scene, verdict.wrong.c_str(), name.c_str(), verdict.scene);
+      std::printf(" scene %d: %s\n       again: %s verify --slot %s --scene %d\n", verdict.scene,
+                  verdict.wrong.c_str(), options_.program.c_str(), name.c_str(), verdict.scene);
     else if (!isGood)
       std::printf(" %s\n", verdict.wrong.c_str());
     else if (verdict.scenes > 0)

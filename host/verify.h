@@ -13,6 +13,7 @@ struct VerifyOptions {
   int scenes;                // a slot
   std::string slot;          // only this one, as blnd:2; all if empty
   std::optional<int> scene;  // only this one
+  std::string program;       // how this program was called, with the plug-in
 };
 
 // Served slots are compared with the host's routines in scenes, passed-through ones must reach

@@ -22,7 +22,7 @@ class VerifyTest : public ::testing::Test {
     int16_t result;
     EXPECT_EQ(PluginMain(kStartUp, tables.Block(), 0, &result), 1);
   }
-  bool IsGood(const char* slot) { return host::Verify(tables, nullptr, {3, slot, {}}); }
+  bool IsGood(const char* slot) { return host::Verify(tables, nullptr, {3, slot, {}, "vantrix-host"}); }
   void Put(SuiteIndex suite, int slot, Routine routine) {
     RecordsOf(tables.Block())[suite].routines[slot] = routine;
   }
@@ -76,7 +76,7 @@ void MultiplyWrongly(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns
 TEST_F(VerifyTest, TellsWhatTheWrongSampleWasMadeFrom) {
   Put(kBlend, 24, reinterpret_cast<Routine>(MultiplyWrongly));
   ::testing::internal::CaptureStdout();
-  EXPECT_FALSE(host::Verify(tables, nullptr, {100, "blnd:24", {}}));
+  EXPECT_FALSE(host::Verify(tables, nullptr, {100, "blnd:24", {}, "vantrix-host"}));
   const std::string said = ::testing::internal::GetCapturedStdout();
   std::smatch match;
   ASSERT_TRUE(std::regex_search(

@@ -31,6 +31,7 @@ void DemonstrateDepths(Session& session) {
       home.planes[c][i] = static_cast<uint8_t>((words[i] * 255 + 16384) / 32768);
   }
   const bool isHome = home == photo;
+  session.Require(isHome);
   session.ShowChange("To 16 bits, to the full range, and back",
                      isHome ? "After the way there and back every sample is what it was."
                             : "NOT EVERY SAMPLE IS WHAT IT WAS.",

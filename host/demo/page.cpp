@@ -56,7 +56,7 @@ std::string TimeText(double seconds) {
 std::string RatioText(const Times& times) {
   const double ratio = times.byOrdinary / times.byPlugin;
   char text[32];
-  std::snprintf(text, sizeof text, ratio < 10 ? "%.1f" : "%.0f", ratio);
+  std::snprintf(text, sizeof text, ratio < 2 ? "%.2f" : ratio < 10 ? "%.1f" : "%.0f", ratio);
   return text;
 }
 
@@ -188,8 +188,7 @@ std::string HowToRead() {
          "picture of differences black is what did not change, and a sample is as bright as it "
          "changed.</p>"
          "<p><span class=\"key\"></span> is the time of an ordinary routine: one that does the "
-         "same, "
-         "written without a thought of registers, of which the compiler made vectors of 16 bytes, "
+         "same, written for a compiler to make vectors of, which it did in registers of 16 bytes, "
          "where it could. <span class=\"key plugin\"></span> is the time of the plug-in's routine, "
          "in the form that stands in the slot on this processor. Each is the best of several "
          "turns; "
@@ -220,7 +219,7 @@ std::string TimesTable(const std::vector<SlotRuns>& all) {
       row += Element("td data-name=\"" + std::string(kHeads[i]) + '"', cells[i]);
     rows += Element("tr", row) + '\n';
   }
-  return Element("h2 id=\"times\"", "All slots") +
+  return Element("h2 id=\"times\"", "Every slot shown here") +
          Element("div class=\"scroll\" tabindex=\"0\"",
                  Element("table", Element("thead", Element("tr", head)) + Element("tbody", rows)));
 }

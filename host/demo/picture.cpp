@@ -100,8 +100,10 @@ bool ReadPicture(const std::filesystem::path& path, int64_t most, Picture* pictu
   int channels;
   uint8_t* const pixels =
       stbi_load(TextOf(path).c_str(), &whole->width, &whole->height, &channels, 3);
-  if (!pixels) {
-    *error = TextOf(path) + " is not a picture that can be read (" + stbi_failure_reason() + ")";
+  const bool isEmpty = pixels && (whole->width < 1 || whole->height < 1);
+  if (!pixels || isEmpty) {
+    *error = TextOf(path) + " is not a picture that can be read (" +
+             (isEmpty ? "a side below 1" : stbi_failure_reason()) + ")";
     return false;
   }
   const double scale = std::sqrt(double(most) / (double(whole->width) * whole->height));

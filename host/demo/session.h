@@ -52,6 +52,8 @@ class Session {
   std::vector<SlotRuns> AllRuns() const;
   // Whether every slot gave the result of the host's own routine and every picture was written.
   bool IsGood() const { return isGood_; }
+  // What else must be so.
+  void Require(bool isSo) { isGood_ &= isSo; }
 
  private:
   void Note(SuiteIndex suite, uint16_t slot, const Times& times, bool isSame);

@@ -62,12 +62,13 @@ struct Outcome {
 
 bool AreSame(const Outcome& expected, const Outcome& actual);
 
-// Where two outcomes differ first, in lines of text: the samples, the arguments, and what every
-// plane held there before, as `inputs` says, the outcome of a call that kept them. `names` are
-// those of the arguments, separated by ", ".
+// What the two results of a difference are called.
 struct Sides {
   const char *expected = "expected", *actual = "got";
 };
+// Where two outcomes differ first, in lines of text: the samples, the arguments, and what every
+// plane held there before, as `inputs` says, the outcome of a call that kept them. `names` are
+// those of the arguments, separated by ", ".
 std::string Difference(const Outcome& expected, const Outcome& actual, const Outcome& inputs,
                        const std::string& names, Sides sides = {});
 
