@@ -22,7 +22,9 @@ class VerifyTest : public ::testing::Test {
     int16_t result;
     EXPECT_EQ(PluginMain(kStartUp, tables.Block(), 0, &result), 1);
   }
-  bool IsGood(const char* slot) { return host::Verify(tables, nullptr, {3, slot, {}, "vantrix-host"}); }
+  bool IsGood(const char* slot) {
+    return host::Verify(tables, nullptr, {3, slot, {}, "vantrix-host"});
+  }
   void Put(SuiteIndex suite, int slot, Routine routine) {
     RecordsOf(tables.Block())[suite].routines[slot] = routine;
   }
