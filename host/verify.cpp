@@ -141,6 +141,7 @@ class Verification {
   const FormIndex* index_;
   const VerifyOptions& options_;
   const FaultWatch watch_;
+  const FaultStack stack_;
   Arena arena_;
   int passed_ = 0, failed_ = 0;
   Progress progress_;

@@ -51,11 +51,21 @@ TEST_F(VerifyTest, FindsWhatIsWrongInATable) {
     EXPECT_FALSE(IsGood(slot)) << slot;
 }
 
+volatile int depth = 1 << 30;
+int Sink(int level) {
+  volatile char frame[512];
+  frame[0] = static_cast<char>(level);
+  return level >= depth ? 0 : Sink(level + 1) + frame[0];
+}
+void FillStack() { Sink(0); }
+
 TEST_F(VerifyTest, GoesOnAfterAFault) {
   Put(kBlend, 2, TouchNull);
   Put(kBlend, 53, TouchNull);
+  Put(kBlend, 24, FillStack);
   EXPECT_FALSE(IsGood("blnd:2"));
   EXPECT_FALSE(IsGood("blnd:53"));
+  EXPECT_FALSE(IsGood("blnd:24"));
   EXPECT_TRUE(IsGood("blnd:3"));
   const host::FaultWatch watch;
   for (int turn = 0; turn < 3; ++turn)

@@ -43,7 +43,7 @@ uintptr_t ThisThread() { return GetCurrentThreadId(); }
 #else
 constexpr Kind kKinds[] = {
     {SIGSEGV, kWildAccess}, {SIGBUS, kWildAccess},  {SIGILL, kInstruction},
-    {SIGFPE, kArithmetic},  {SIGTRAP, kBreakPoint},
+    {SIGFPE, kArithmetic},  {SIGTRAP, kBreakPoint}, {SIGABRT, "aborted"},
 };
 uintptr_t ThisThread() { return static_cast<uintptr_t>(pthread_self()); }
 #endif
