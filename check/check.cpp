@@ -24,18 +24,9 @@ namespace {
 constexpr char kSettled[] = "Settled slots";
 constexpr char kDecided[] = "Slots about which something was decided here";
 constexpr char kAboutDecided[] =
-    "What hosts do here is written down in part only. A difference says that the decision does not "
-    "fit this host. They are tried last: a routine that is called with other arguments than its "
-    "own "
-    "may do anything.";
-
-std::string RunningForms() {
-  std::string names;
-  for (int32_t form = 0; form < vantrixFormIndex.count; ++form)
-    if (vantrixFormIndex.runs(form))
-      names += (names.empty() ? "" : ", ") + std::string(vantrixFormIndex.names[form]);
-  return names;
-}
+    "What hosts do here was not known to us. A difference says that the decision does not fit this "
+    "host. They are tried last: a routine that is called with other arguments than its own may do "
+    "anything.";
 
 // Builds that are the same routine in several forms stand under the name of the first.
 std::vector<NamedRoutine> BuildsOf(SuiteIndex suite, uint16_t slot) {
@@ -97,7 +88,7 @@ std::vector<Candidate> Candidates(const HostTables& tables) {
 Facts FactsOf(const HostTables& tables, const Options& options) {
   Facts facts{{"Version", host::Version()},
               {"Processor", host::ProcessorName()},
-              {"Forms that it runs", RunningForms()},
+              {"Forms that it runs", host::RunningForms(vantrixFormIndex)},
               {"Host", host::TextOf(host::ThisProgram())},
               {"Scenes", std::to_string(options.scenes) + " a slot, each in every form"}};
   std::string suites;

@@ -1,7 +1,11 @@
 #include "check/page.h"
 
+#include "host/html.h"
+
 namespace vantrix::check::page {
 namespace {
+
+using host::Escaped;
 
 constexpr char kStyle[] = R"(
 :root { color-scheme: light dark; --ink: #1d2127; --soft: #5b636e; --ground: #fbfbfa; --line: #d9dce0;
@@ -27,27 +31,6 @@ b.equal { color: var(--equal); } b.different { color: var(--different); }
 b.faulted { color: var(--faulted); } b.not-tried { color: var(--not-tried); }
 .trying:not(:last-child) { display: none; }
 )";
-
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      default:
-        escaped += c;
-        break;
-    }
-  }
-  return escaped;
-}
 
 std::string Element(const std::string& name, const std::string& text) {
   return text.empty() ? "" : "<" + name + ">" + Escaped(text) + "</" + name + ">\n";

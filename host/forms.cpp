@@ -41,4 +41,11 @@ std::string FormsOf(const FormIndex& index, SuiteIndex suite, uint16_t slot) {
   return names;
 }
 
+std::string RunningForms(const FormIndex& index) {
+  std::string names;
+  for (int32_t form = 0; form < index.count; ++form)
+    if (index.runs(form)) names += (names.empty() ? "" : ", ") + std::string(index.names[form]);
+  return names;
+}
+
 }  // namespace vantrix::host

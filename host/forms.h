@@ -16,4 +16,7 @@ std::string FormOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, Rout
 // The names of the forms that a slot has builds in, separated by commas.
 std::string FormsOf(const FormIndex& index, SuiteIndex suite, uint16_t slot);
 
+// The names of the forms that run here, separated by commas.
+std::string RunningForms(const FormIndex& index);
+
 }  // namespace vantrix::host

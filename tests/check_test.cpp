@@ -20,6 +20,7 @@
 #include "plugin/instruction_sets.h"
 #include "plugin/suites.h"
 #include "suites/filter/signatures.h"
+#include "tests/faulting.h"
 
 namespace vantrix {
 namespace {
@@ -94,23 +95,12 @@ class CheckTest : public ::testing::Test {
 
 void DoNothing() {}
 uint64_t AnswerWithJunk() { return 0x100; }
-void TouchNull() {
-  volatile uintptr_t place = 8;  // volatile: compilers warn of an address that they know
-  *reinterpret_cast<volatile char*>(place) = 1;
-}
 void RunNonsense() { asm volatile("ud2"); }
 void DivideByZero() {
   int low = 1, high = 0;
   asm volatile("idivl %2" : "+a"(low), "+d"(high) : "r"(0) : "cc");
 }
 void Throw() { throw std::runtime_error("no"); }
-volatile int depth = 1 << 30;
-int Sink(int level) {
-  volatile char frame[512];
-  frame[0] = static_cast<char>(level);
-  return level >= depth ? 0 : Sink(level + 1) + frame[0];
-}
-void FillStack() { Sink(0); }
 [[noreturn]] void EndProcess() { std::_Exit(7); }
 
 std::atomic<uint64_t> turns;

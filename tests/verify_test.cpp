@@ -10,6 +10,7 @@
 #include "host/exercise/fault.h"
 #include "plugin/suites.h"
 #include "suites/blend/signatures.h"
+#include "tests/faulting.h"
 
 extern "C" vantrix::PluginMainRoutine PluginMain;
 
@@ -32,10 +33,6 @@ class VerifyTest : public ::testing::Test {
 };
 
 void DoNothing() {}
-void TouchNull() {
-  volatile uintptr_t place = 8;  // volatile: compilers warn of an address that they know
-  *reinterpret_cast<volatile char*>(place) = 1;
-}
 
 TEST_F(VerifyTest, FindsWhatIsWrongInATable) {
   EXPECT_TRUE(IsGood("blnd:2"));
@@ -50,14 +47,6 @@ TEST_F(VerifyTest, FindsWhatIsWrongInATable) {
   for (const char* slot : {"blnd:0", "blnd:2", "blnd:53", "core:3", "sele:26"})
     EXPECT_FALSE(IsGood(slot)) << slot;
 }
-
-volatile int depth = 1 << 30;
-int Sink(int level) {
-  volatile char frame[512];
-  frame[0] = static_cast<char>(level);
-  return level >= depth ? 0 : Sink(level + 1) + frame[0];
-}
-void FillStack() { Sink(0); }
 
 TEST_F(VerifyTest, GoesOnAfterAFault) {
   Put(kBlend, 2, TouchNull);

@@ -1,9 +1,6 @@
 #include "host/bench/bench.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 
 #include "host/bench/crossings.h"
@@ -11,11 +8,10 @@
 #include "host/bench/turns.h"
 #include "host/exercise/fault.h"
 #include "host/ordinary/ordinary.h"
+#include "host/progress.h"
 
 namespace vantrix::host {
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 // By bytes of the largest plane, at a byte a sample; the columns stay, where samples are larger.
 struct Size {
@@ -70,7 +66,7 @@ class Bench {
       isGood &= Measure(served, slots.size());
       ++slotsDone_;
     }
-    ClearProgress();
+    progress_.Clear();
     Print(SumsOf(lines_));
     return isGood;
   }
@@ -100,8 +96,10 @@ class Bench {
     const auto sizes = bytes > 0 ? std::span<const Size>(kSizes) : std::span(&kBlock, 1);
     for (size_t i = 0; i < sizes.size(); ++i) {
       const Size& size = sizes[i];
-      ShowProgress(served.Name() + ", " + size.name,
-                   slotsDone_ + static_cast<double>(i) / static_cast<double>(sizes.size()), count);
+      progress_.Show((slotsDone_ + static_cast<double>(i) / static_cast<double>(sizes.size())) /
+                         static_cast<double>(count),
+                     served.Name() + ", " + size.name + ", slot " + std::to_string(slotsDone_ + 1) +
+                         " of " + std::to_string(count));
       Shape shape = size.shape;
       if (!size.isShortRows && bytes > 1) shape.rows /= bytes;
       std::vector<double> ticks =
@@ -124,7 +122,7 @@ class Bench {
 
   // By lines, so that no character is divided on its way to a console.
   void Print(const std::string& text) {
-    ClearProgress();
+    progress_.Clear();
     for (size_t at = 0; at < text.size();) {
       const size_t end = text.find('\n', at) + 1;
       std::fwrite(&text[at], 1, end - at, stdout);
@@ -133,27 +131,13 @@ class Bench {
     }
   }
 
-  // Where a person looks on, what is being done and how long the rest will take.
-  void ShowProgress(const std::string& what, double done, size_t count) const {
-    if (!isWatched_) return;
-    std::fprintf(stderr, "\r  %s, slot %d of %zu", what.c_str(), slotsDone_ + 1, count);
-    const double spent = std::chrono::duration<double>(Clock::now() - start_).count();
-    if (done > 0)
-      std::fprintf(stderr, ", %.0f s left", spent / done * (static_cast<double>(count) - done));
-    std::fflush(stderr);
-  }
-  void ClearProgress() const {
-    if (isWatched_) std::fprintf(stderr, "\r%60s\r", "");
-  }
-
   const Tables& tables_;
   const FormIndex* index_;
   const BenchOptions& options_;
   Arena arena_{8, kRegionBytes};
   std::vector<Line> lines_;
   int slotsDone_ = 0;
-  const bool isWatched_ = isatty(STDERR_FILENO) != 0;
-  const Clock::time_point start_ = Clock::now();
+  Progress progress_;
 };
 
 }  // namespace

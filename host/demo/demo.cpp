@@ -42,14 +42,6 @@ std::string SizeText(Size size, Size whole) {
   return shown;
 }
 
-std::string FormsText(const FormIndex* index) {
-  if (!index) return "not told";
-  std::string names;
-  for (int32_t form = 0; form < index->count; ++form)
-    if (index->runs(form)) names += (names.empty() ? "" : ", ") + std::string(index->names[form]);
-  return names;
-}
-
 bool WriteText(const std::filesystem::path& path, const std::string& text) {
   return (std::ofstream(path, std::ios::binary) << text << std::flush) ||
          Fail("cannot write " + TextOf(path));
@@ -95,12 +87,13 @@ bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& op
   const std::vector<SlotRuns> all = session.AllRuns();
   const std::string report = TextReport(all);
   std::printf("\n%s", report.c_str());
-  const std::vector<Fact> facts = {{"Picture", TextOf(PathOf(name).filename()) + ", " + size},
-                                   {"Processor", ProcessorName()},
-                                   {"Forms of kernels that run here", FormsText(index)},
-                                   {"System", SystemName()},
-                                   {"Compiler of the ordinary routines", Compiler()},
-                                   {"Version", std::string("vantrix-host ") + Version()}};
+  const std::vector<Fact> facts = {
+      {"Picture", TextOf(PathOf(name).filename()) + ", " + size},
+      {"Processor", ProcessorName()},
+      {"Forms of kernels that run here", (index ? RunningForms(*index) : "not told")},
+      {"System", SystemName()},
+      {"Compiler of the ordinary routines", Compiler()},
+      {"Version", std::string("vantrix-host ") + Version()}};
   if (!WriteText(folder / kTextReport, report) ||
       !WriteText(folder / kPage, Page(facts, session.Sections(), all)))
     return false;

@@ -4,31 +4,11 @@
 #include <cstdio>
 #include <iterator>
 
+#include "host/html.h"
 #include "page_parts.h"
 
 namespace vantrix::host {
 namespace {
-
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  for (const char letter : text) switch (letter) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        escaped += letter;
-    }
-  return escaped;
-}
 
 std::string Element(const std::string& start, const std::string& content) {
   return '<' + start + '>' + content + "</" + start.substr(0, start.find(' ')) + '>';
