@@ -8,10 +8,10 @@ namespace vantrix::host {
 namespace {
 
 // Reads memory of which a sanitizer knows only the parts that are variables.
-__attribute__((no_sanitize("address"))) bool IsMark(const char* at) {
+__attribute__((no_sanitize("address"))) bool IsFormIndex(const char* at) {
   for (size_t i = 0; i < sizeof kFormIndexMark; ++i)
     if (at[i] != kFormIndexMark.text[i]) return false;
-  return true;
+  return reinterpret_cast<const FormIndex*>(at)->self == reinterpret_cast<const FormIndex*>(at);
 }
 
 Routine BuildOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, int32_t form) {
@@ -23,7 +23,7 @@ Routine BuildOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, int32_t
 const FormIndex* FindFormIndex(PluginMainRoutine* loaded) {
   for (const std::span<const char> data : DataAround(loaded))
     for (size_t i = 0; i + sizeof(FormIndex) <= data.size(); i += 8)
-      if (IsMark(&data[i])) return reinterpret_cast<const FormIndex*>(&data[i]);
+      if (IsFormIndex(&data[i])) return reinterpret_cast<const FormIndex*>(&data[i]);
   return nullptr;
 }
 

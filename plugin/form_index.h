@@ -13,11 +13,13 @@ struct FormIndexMark {
   char text[16];
 };
 // Ends in the version of the table.
-inline constexpr FormIndexMark kFormIndexMark{"Vantrix forms 2"};
+inline constexpr FormIndexMark kFormIndexMark{"Vantrix forms 3"};
 
 // Stands at a multiple of 8 bytes.
 struct FormIndex {
   FormIndexMark mark;
+  // This table. A library that looks for tables may have the mark in its data without one.
+  const FormIndex* self;
   const char* version;       // of the plug-in, and the commit that it was built from
   int32_t count;             // of forms
   const char* const* names;  // one a form, narrowest first

@@ -46,8 +46,13 @@ constexpr const char* const* kNames<FormList<Form...>> = kNamesOf<Form...>;
 // Nothing in the plug-in reads it: the linker is told to keep it.
 extern "C" {
 extern const FormIndex vantrixFormIndex;
-constexpr FormIndex vantrixFormIndex = {kFormIndexMark, VANTRIX_VERSION, Forms::kCount,
-                                        kNames<Forms>,  BuildOf,         Runs};
+constexpr FormIndex vantrixFormIndex = {kFormIndexMark,
+                                        &vantrixFormIndex,
+                                        VANTRIX_VERSION,
+                                        Forms::kCount,
+                                        kNames<Forms>,
+                                        BuildOf,
+                                        Runs};
 }
 
 }  // namespace vantrix
