@@ -10,7 +10,7 @@
 
 #include "host/exercise/scene.h"
 #include "host/ordinary/ordinary.h"
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::bench {
 

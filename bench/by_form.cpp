@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "bench/bench.h"
-#include "plugin/instruction_sets.h"
+#include "plugin/base/instruction_sets.h"
 
 namespace vantrix::bench {
 namespace {

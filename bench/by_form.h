@@ -9,7 +9,7 @@
 #include <span>
 
 #include "common/forms.h"
-#include "plugin/builds.h"
+#include "plugin/base/builds.h"
 
 namespace vantrix::bench {
 

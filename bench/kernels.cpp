@@ -6,8 +6,8 @@
 #include "bench/bench.h"
 #include "host/bench/turns.h"
 #include "host/catalog.h"
-#include "plugin/instruction_sets.h"
-#include "suites/all_builds.h"
+#include "plugin/base/instruction_sets.h"
+#include "suites/served.h"
 
 namespace vantrix::bench {
 namespace {

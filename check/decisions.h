@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::check {
 

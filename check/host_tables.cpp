@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 
 namespace vantrix::check {
 namespace {

@@ -6,8 +6,8 @@
 #include "check/check.h"
 #include "common/tables.h"
 #include "host/plugin_library.h"
-#include "plugin/instruction_sets.h"
-#include "plugin/suites.h"
+#include "plugin/base/instruction_sets.h"
+#include "plugin/base/suites.h"
 
 extern "C" vantrix::PluginMainRoutine PluginMain;
 

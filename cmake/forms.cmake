@@ -1,5 +1,5 @@
 # The forms, by the names of common/forms.h: what each is compiled with. An instruction that
-# its flags allow must be one that its test asks for (plugin/instruction_sets.cpp).
+# its flags allow must be one that its test asks for (plugin/base/instruction_sets.cpp).
 #
 # Kernels make their vectors themselves. Of loops left over in wide units, compilers make
 # gathers and masked stores, which some processors run from microcode.

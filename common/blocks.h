@@ -1,14 +1,18 @@
-// How a row is taken in registers: where blocks of its samples lie.
+// How a row is taken in registers.
+//
+// A place says which samples of a row are taken together. It loads them from, and stores them to,
+// any row whose samples are as large as the lanes of its register:
 //
 //   Block<V>          one register of samples, from sample x on
-//   Ends<V, kBytes>   a row shorter than 16 bytes as its first and its last kBytes bytes in
-//                     one register. The two may overlap; then the samples between stand in it
-//                     twice, and are stored twice with one value
+//   Ends<V, kBytes>   the first and the last kBytes bytes of a row shorter than 16 bytes, in one
+//                     register. The two ends may overlap. The samples in both are then stored
+//                     twice, with the same value
 //
-// Both load from and store to any row of samples as large as V's lanes. A row's end seldom
-// falls to one sample at a time: a long row ends in a block that reaches back over the one
-// before (Blocks), a shorter one is taken in narrower registers, the shortest as two ends
-// (WithBlocks). Places and counts are in samples.
+// A walk takes a whole row, place by place: walk.ForEach(work) calls work(place) for each.
+//
+// The tail of a row is seldom taken one sample at a time. A long row ends in a block that reaches
+// back over the block before it (Blocks). A shorter row is taken in narrower registers, and the
+// shortest as two ends (WithBlocks). Places and counts are in samples.
 #pragma once
 
 #include "common/forms.h"
@@ -46,7 +50,8 @@ struct Ends {
   }
 };
 
-// Samples `start` to `end` of a row in whole blocks, at least one; at most kMost, if that is not 0.
+// A walk over samples `start` to `end` in whole blocks: at
+// least one, and at most kMost if that is not 0.
 template <class V, int kMost = 0>
 struct Blocks {
   using Register = V;
@@ -55,8 +60,8 @@ struct Blocks {
   VX_LANE Block<V> First() const { return {start}; }
   VX_LANE Block<V> Last() const { return {end - kLaneCount<V>}; }
 
-  // Those from sample x on, every one but the last. Two a round, as for the lightest work
-  // walking is a third of it.
+  // Takes the blocks from sample x on except the last, two a turn: for the lightest work the loop
+  // itself takes a third of the time.
   template <class Work>
   VX_INLINE void ForEachBeforeLast(intptr_t x, Work work) const {
     const intptr_t last = end - kLaneCount<V>;
@@ -72,10 +77,10 @@ struct Blocks {
   }
 };
 
-// A row of `count` samples, at least 16 bytes, in blocks of kBytes, the last one in the
-// narrowest that covers the rest; where it is more than the rest it reaches back. For heavy
-// work, of which half a register costs half. Out of place only: what blocks have in common is
-// computed again.
+// A walk over a row of `count` samples, at least 16 bytes, in blocks of kBytes.
+// The tail is taken in the narrowest register that covers it, which reaches
+// back if it is longer than the tail. For heavy work, for which half a register
+// costs half. Out of place only: samples in two blocks are computed twice.
 template <class T, int kBytes>
 struct TaperedBlocks {
   using Register = Lanes<T, kBytes / int{sizeof(T)}>;
@@ -88,7 +93,7 @@ struct TaperedBlocks {
   VX_INLINE void ForEach(Work work) const {
     ForEachFrom(0, work);
   }
-  // Those from sample x on.
+  // Takes the blocks from sample x on.
   template <class Work>
   VX_INLINE void ForEachFrom(intptr_t x, Work work) const {
     for (; x <= count - kSize; x += kSize) work(Block<Register>{x});
@@ -101,7 +106,7 @@ struct TaperedBlocks {
   }
 };
 
-// A row that is one place, of two ends or of one sample.
+// A walk over a row that is one place.
 template <class Place>
 struct OnePlace {
   using Register = typename Place::Register;
@@ -113,7 +118,7 @@ struct OnePlace {
   }
 };
 
-// Every sample by itself.
+// A walk that takes one sample at a time.
 template <class T>
 struct Singly {
   using Register = Lanes<T, 1>;
@@ -125,9 +130,9 @@ struct Singly {
   }
 };
 
-// Calls use(Blocks) for the widest register, of kBytes bytes or a half of that and so on down
-// to 16, that samples `start` to `end` fill; returns whether there is one. 65 to 96 bytes are
-// quicker taken in three registers of 32 than in two of 64 that overlap. Measured.
+// Calls use(Blocks) for the widest register that samples `start` to `end` fill, of kBytes bytes,
+// half of that, and so on down to 16; returns whether there is one. 65 to 96 bytes are faster in
+// three registers of 32 than in two of 64 that overlap. Measured.
 template <class T, int kBytes, int kMostBlocks = 0, class Use>
 VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
   const intptr_t bytes = (end - start) * intptr_t{sizeof(T)};
@@ -140,8 +145,8 @@ VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
   return false;
 }
 
-// Calls use(OnePlace) for a row of less than 16 bytes, taken as two ends of 8 bytes or a half
-// of that and so on down to kFewest samples; returns whether it is one.
+// Calls use(OnePlace) for a row of less than 16 bytes, taken as two ends of 8 bytes, half of that,
+// and so on. Does nothing and returns false if the row has fewer than kFewest samples.
 template <class T, int kFewest, int kBytes = 8, class Use>
 VX_INLINE bool WithEnds(intptr_t count, Use use) {
   static_assert(kFewest >= 2, "two ends of one sample are two samples");
@@ -155,8 +160,8 @@ VX_INLINE bool WithEnds(intptr_t count, Use use) {
   return false;
 }
 
-// Calls use with the quickest way to take a row of `count` samples in registers of a form, and
-// returns whether there is one. Fewer than kFewest samples are quicker taken one by one.
+// Calls use with the fastest walk over a row of `count` samples in registers of a form, and returns
+// whether there is one. Fewer than kFewest samples are faster taken one at a time.
 template <class Form, class T, int kFewest = 2, class Use>
 VX_INLINE bool WithRegisters(intptr_t count, Use use) {
   if constexpr (Form::kBytes == 1)
@@ -165,13 +170,13 @@ VX_INLINE bool WithRegisters(intptr_t count, Use use) {
     return WithWholeBlocks<T, Form::kBytes>(0, count, use) || WithEnds<T, kFewest>(count, use);
 }
 
-// The same, or else with samples one by one.
+// The same; without such a walk, calls use with one that takes one sample at a time.
 template <class Form, class T, int kFewest = 2, class Use>
 VX_INLINE void WithBlocks(intptr_t count, Use use) {
   if (!WithRegisters<Form, T, kFewest>(count, use)) use(Singly<T>{count});
 }
 
-// The same for heavy work out of place: whole blocks are tapered.
+// The same for heavy work out of place: the tail is taken in narrower registers.
 template <class Form, class T, class Use>
 VX_INLINE void WithTaperedBlocks(intptr_t count, Use use) {
   if constexpr (Form::kBytes > 1) {

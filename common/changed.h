@@ -1,5 +1,4 @@
-// Stores of some samples only, for kernels that leave others alone: a plane on which nothing
-// changes may be read-only.
+// Stores of only those samples that change: a plane on which nothing changes may be read-only.
 #pragma once
 
 #include "common/blocks.h"
@@ -7,8 +6,8 @@
 
 namespace vantrix {
 
-// Of a row that fills no block those samples are stored for whose bytes bits are set: mostly none
-// or all, else one by one.
+// Stores the samples of a short row whose bits are set in `bytes`, one bit a byte of the register:
+// mostly none or all of them, else one at a time.
 template <class T, class V, int kBytes>
 VX_INLINE void StoreSome(Ends<V, kBytes> ends, T* row, uint32_t bytes, V samples) {
   constexpr uint32_t kEnd = (1u << kBytes) - 1, kFirstBytes = sizeof(T) == 2 ? 0x55555555 : ~0u;
@@ -24,12 +23,12 @@ VX_INLINE void StoreSome(Ends<V, kBytes> ends, T* row, uint32_t bytes, V samples
   }
 }
 
-// A block is stored whole if one of its lanes changes, as `changes` says; of a row that fills no
-// block only what is not as before.
+// Stores a block whole if `changes` holds in one of its lanes; of a short row, stores only samples
+// that differ from before.
 template <class T, class V, class Condition>
 VX_INLINE void StoreChanged(Block<V> block, T* row, Condition changes, V, V after) {
   T* const to = row + block.x;
-  // Masks vary, and a branch a sample would be mispredicted.
+  // Masks vary, so a branch for each sample would be mispredicted.
   if constexpr (kLaneCount<V> == 1)
     StoreIf(changes[0] != 0, to, after[0]);
   else if (MostlySomeSet(changes))

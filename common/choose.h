@@ -1,4 +1,4 @@
-// Choices that no branch predictor should be asked for.
+// Choices without a branch.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,9 @@
 
 namespace vantrix {
 
-// `first ? a : b` without a branch, where which it is follows from noise. Clang may be
-// told so; from others the condition is hidden, else they join choices that share it.
+// Returns `first ? a : b` without a branch, for a condition that cannot be
+// predicted. Clang is told that it cannot. The condition is hidden from
+// GCC, which otherwise joins all choices that share it into one branch.
 VX_LANE uint32_t Choose(bool first, uint32_t a, uint32_t b) {
 #if defined(__clang__)
   return __builtin_unpredictable(first) ? a : b;
@@ -19,8 +20,8 @@ VX_LANE uint32_t Choose(bool first, uint32_t a, uint32_t b) {
 #endif
 }
 
-// Stores a sample at `place`, or aside, where nobody sees it. No compiler may know that, else it
-// makes a branch of the choice.
+// Stores a sample at `place` if isStored, else into a variable that nobody reads. The variable's
+// address is hidden: a compiler that knows that nobody reads it makes a branch of the choice.
 template <class T>
 VX_LANE void StoreIf(bool isStored, T* place, T sample) {
   T aside;

@@ -1,9 +1,9 @@
-// The forms of a kernel: with which instructions it works, and how much it takes at once.
+// The forms of a kernel: the instruction sets that it is compiled for.
 //
 // A form is a type, so that one text compiled for two instruction sets gives two functions
-// of different names. The build compiles each suite's kernels.cpp once for each of this
-// list (cmake/forms.cmake has their compiler flags, under the same names), and the installer,
-// the tests, the benchmarks and the host's commands loop over them.
+// with different names. The build compiles each suite's kernels.cpp once for each form of this
+// list (cmake/forms.cmake has their compiler flags, under the same names). The installer, the
+// tests, the benchmarks and the host's commands loop over the list.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ struct InstructionSets {
   bool sse2 = false, ssse3 = false, avx2 = false, avx512 = false;
 };
 
-// kBytes: bytes in a register; 1 for one sample at a time, whatever its size.
+// kBytes: bytes in a register, or 1 for the form that takes one sample at a time, of any size.
 struct Scalar {
   static constexpr char kName[] = "scalar";
   static constexpr int kBytes = 1;
@@ -47,14 +47,14 @@ template <class... Form>
 struct FormList {
   static constexpr size_t kCount = sizeof...(Form);
 
-  // visit.operator()<Form>() for each.
+  // Calls visit.operator()<Form>() for each.
   template <class Visit>
   static constexpr void ForEach([[maybe_unused]] Visit visit) {
     (visit.template operator()<Form>(), ...);
   }
 };
 
-// Narrowest first: of those that run, the last stands in a slot.
+// Narrowest first: the last one that runs is written into a slot.
 using Forms = FormList<Scalar, Sse2, Ssse3, Avx2, Avx512>;
 
 }  // namespace vantrix

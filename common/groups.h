@@ -5,7 +5,7 @@
 
 namespace vantrix {
 
-// Stores those groups in which a lane changed, and no others.
+// Stores the groups in which a lane differs from before, and no others.
 template <class V, class T>
 VX_LANE void StoreChangedGroups(T* to, V before, V after) {
   if constexpr (sizeof(V) == 16) {

@@ -1,47 +1,47 @@
 // The operations on lanes that have no operator, for every width of register.
 //
-//   Interleave<Low, High>  lanes of a and of b in turn, from the low or the high halves
-//   InterleaveInMemoryOrder  all lanes of a and of b in turn, as two registers that follow
-//                        one another in memory
-//   Widen<Low, High>     bytes to 16-bit lanes, zero-extended: together all of v, in the
-//                        order that Narrow takes them
-//   Narrow               signed 16-bit lanes to bytes, clamped to 0..255; signed 32-bit
-//                        ones to signed 16-bit ones, clamped too. Undoes Widen
-//   NarrowUnsigned       signed 32-bit lanes to unsigned 16-bit ones, clamped, as Narrow else
-//   Weigh<Low, High>     d (255 - w) + r w in 16-bit lanes, halves as for Widen
-//   InMemoryOrder        what Narrow makes of two registers that follow one another in
-//                        memory, or in two steps of four, as it follows in memory
-//   WidenHalf            half a register of bytes to a register of 16-bit lanes, zero-extended,
-//                        in memory's order. NarrowToHalf undoes it, clamped as by Narrow
-//   Twice                each of half a register of bytes two times, in memory's order
-//   InEveryGroup         one group in all groups of a register
-//   HighProduct          the high half of each 32-bit product
-//   Excess               max(a - b, 0)
-//   SumOfDifferences     of |a - b|, over the eight bytes of each 64-bit lane
-//   RoundedMean          (a + b + 1) / 2
-//   ProductSums          a[2 i] b[2 i] + a[2 i + 1] b[2 i + 1] of signed 16-bit lanes; one
-//                        pair in four billion wraps: -32768 throughout
-//   MixedProductSums     the same of unsigned bytes a and signed bytes b, if they fit (SSSE3)
-//   ToFloats, Truncated  32-bit integers to single precision and back
-//   Root                 the square root
-//   Spread               one lane of each group in all of the group's lanes
-//   Exchanged            lanes that are kDistance apart, exchanged
-//   ClampedSum           min(a + b, 65535)
-//   HalfUp               v / 2, halves rounded up
-//   TruncatedQuotient    n / d by single-precision division; quotients to 32767
-//   SetBytes             a bit for each byte in whose lane a comparison holds
-//   AllSet, NoneSet      whether it holds in every lane, or in none
+//   InterleaveLow, -High     the lanes of a and b in turn, from their low or their high halves
+//   InterleaveInMemoryOrder  all lanes of a and b in turn, as two registers in memory order
+//   WidenLow, -High          8-bit lanes to 16-bit ones, zero-extended; together all of v, in the
+//                            order in which Narrow takes them
+//   Narrow                   signed 16-bit lanes to 8-bit ones, clamped to 0..255; signed 32-bit
+//                            lanes to signed 16-bit ones, clamped. Undoes Widen
+//   NarrowUnsigned           signed 32-bit lanes to unsigned 16-bit ones, clamped; lanes as Narrow
+//   WeighLow, -High          d (255 - w) + r w in 16-bit lanes, from halves as for Widen
+//   InMemoryOrder            puts in memory order what Narrow made of two registers that follow one
+//                            another in memory, or, in two steps, of four
+//   WidenHalf                half a register of 8-bit lanes to a register of 16-bit ones,
+//                            zero-extended, in memory order; NarrowToHalf undoes it
+//   Twice                    each lane of half a register of bytes two times, in memory order
+//   LoadFirst                kBytes bytes of memory (4, 8 or 16), then zeros
+//   InEveryGroup             one group, repeated in all groups of a register
+//   HighProduct              the high half of each 32-bit product
+//   Excess                   max(a - b, 0)
+//   SumOfDifferences         the sum of |a - b| over the eight bytes of each 64-bit lane
+//   RoundedMean              (a + b + 1) / 2
+//   ProductSums              a[2 i] b[2 i] + a[2 i + 1] b[2 i + 1] of signed 16-bit lanes. It wraps
+//                            only if all four are -32768
+//   MixedProductSums         the same of unsigned bytes a and signed bytes b, if sums fit (SSSE3)
+//   ToFloats, Truncated      32-bit integers to single precision and back
+//   Root                     the square root
+//   Spread                   one lane of each group, in all lanes of the group
+//   Exchanged                lanes that are kDistance apart, exchanged
+//   ClampedSum               min(a + b, 65535)
+//   HalfUp                   v / 2, halves rounded up
+//   TruncatedQuotient        n / d by single-precision division, for quotients up to 32767
+//   SetBytes                 one bit for each byte: whether the comparison holds in its lane
+//   AllSet, NoneSet          whether the comparison holds in every lane, or in none
 //
-// A register wider than 16 bytes is 16-byte groups side by side. What moves lanes moves
-// them within their group, so that one operation undoes the other in every width; but for those
-// in memory's order, InEveryGroup, and Exchanged over a group's length.
+// A register wider than 16 bytes is 16-byte groups side by side. Operations move lanes within their
+// group, so that one undoes the other in every width. The exceptions are operations in memory
+// order, InEveryGroup, and Exchanged for a distance of a group or more.
 #pragma once
 
 #include "common/registers.h"
 
 namespace vantrix {
 
-// Whether the highest bits are set: lanes seen as signed are negative then.
+// Whether lanes are negative, seen as signed: the highest bit is set.
 template <class V>
 VX_LANE auto IsNegative(V v) {
   return As<Lanes<std::make_signed_t<LaneOf<V>>, kLaneCount<V>>>(v) < 0;
@@ -67,38 +67,38 @@ VX_LANE V InterleaveHigh(V a, V b) {
   return Interleave<true>(a, b, std::make_index_sequence<kLaneCount<V>>{});
 }
 template <class V>
-VX_LANE Words<V> WidenLow(V v) {
-  return As<Words<V>>(InterleaveLow(v, V{}));
+VX_LANE U16<V> WidenLow(V v) {
+  return As<U16<V>>(InterleaveLow(v, V{}));
 }
 template <class V>
-VX_LANE Words<V> WidenHigh(V v) {
-  return As<Words<V>>(InterleaveHigh(v, V{}));
+VX_LANE U16<V> WidenHigh(V v) {
+  return As<U16<V>>(InterleaveHigh(v, V{}));
 }
 
 template <class V>
   requires(sizeof(LaneOf<V>) == 2)
-VX_LANE Bytes<V> Narrow(V low, V high) {
-  return As<Bytes<V>>(ByWidth([](auto a, auto b) VX_INLINED { return _mm_packus_epi16(a, b); },
-                              [](auto a, auto b) VX_INLINED { return _mm256_packus_epi16(a, b); },
-                              [](auto a, auto b) VX_INLINED { return _mm512_packus_epi16(a, b); },
-                              low, high));
+VX_LANE U8<V> Narrow(V low, V high) {
+  return As<U8<V>>(ByWidth([](auto a, auto b) VX_INLINED { return _mm_packus_epi16(a, b); },
+                           [](auto a, auto b) VX_INLINED { return _mm256_packus_epi16(a, b); },
+                           [](auto a, auto b) VX_INLINED { return _mm512_packus_epi16(a, b); }, low,
+                           high));
 }
 template <class V>
   requires(sizeof(LaneOf<V>) == 4)
-VX_LANE Words<V> Narrow(V low, V high) {
-  return As<Words<V>>(ByWidth([](auto a, auto b) VX_INLINED { return _mm_packs_epi32(a, b); },
-                              [](auto a, auto b) VX_INLINED { return _mm256_packs_epi32(a, b); },
-                              [](auto a, auto b) VX_INLINED { return _mm512_packs_epi32(a, b); },
-                              low, high));
+VX_LANE U16<V> Narrow(V low, V high) {
+  return As<U16<V>>(ByWidth([](auto a, auto b) VX_INLINED { return _mm_packs_epi32(a, b); },
+                            [](auto a, auto b) VX_INLINED { return _mm256_packs_epi32(a, b); },
+                            [](auto a, auto b) VX_INLINED { return _mm512_packs_epi32(a, b); }, low,
+                            high));
 }
 
 template <class V>
-VX_LANE Words<V> NarrowUnsigned(V low, V high) {
+VX_LANE U16<V> NarrowUnsigned(V low, V high) {
 #if defined(__SSE4_1__)
-  return As<Words<V>>(ByWidth([](auto a, auto b) VX_INLINED { return _mm_packus_epi32(a, b); },
-                              [](auto a, auto b) VX_INLINED { return _mm256_packus_epi32(a, b); },
-                              [](auto a, auto b) VX_INLINED { return _mm512_packus_epi32(a, b); },
-                              low, high));
+  return As<U16<V>>(ByWidth([](auto a, auto b) VX_INLINED { return _mm_packus_epi32(a, b); },
+                            [](auto a, auto b) VX_INLINED { return _mm256_packus_epi32(a, b); },
+                            [](auto a, auto b) VX_INLINED { return _mm512_packus_epi32(a, b); },
+                            low, high));
 #else
   return Narrow(low - 32768, high - 32768) ^ 32768;
 #endif
@@ -112,7 +112,7 @@ VX_LANE V InMemoryOrder(V v) {
   } else {
     constexpr size_t kGroups = sizeof(V) / 16;
     return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
-      const auto parts = As<std::conditional_t<kRegisters == 2, Quads<V>, Sums<V>>>(v);
+      const auto parts = As<std::conditional_t<kRegisters == 2, U64<V>, U32<V>>>(v);
       return As<V>(
           __builtin_shufflevector(parts, parts, int{i % kGroups * kRegisters + i / kGroups}...));
     }(std::make_index_sequence<kRegisters * kGroups>{});
@@ -147,6 +147,17 @@ VX_LANE auto Twice(Half v) {
   }(std::make_index_sequence<2 * sizeof(Half)>{});
 }
 
+template <class V, int kBytes>
+VX_LANE V LoadFirst(const void* from) {
+  static_assert(sizeof(V) == 16);
+  if constexpr (kBytes == 16)
+    return Load<V>(from);
+  else if constexpr (kBytes == 8)
+    return As<V>(_mm_loadl_epi64(static_cast<const __m128i*>(from)));
+  else
+    return As<V>(_mm_cvtsi32_si128(Load<int32_t>(from)));
+}
+
 template <class V>
 VX_LANE V InEveryGroup(Group<LaneOf<V>> group) {
   return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
@@ -174,10 +185,10 @@ VX_LANE auto SumOfDifferences(V a, V b) {
   if constexpr (kIsOneSample<V>)
     return a[0] > b[0] ? uint32_t{a[0]} - b[0] : uint32_t{b[0]} - a[0];
   else
-    return As<Quads<V>>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_sad_epu8(x, y); },
-                                [](auto x, auto y) VX_INLINED { return _mm256_sad_epu8(x, y); },
-                                [](auto x, auto y) VX_INLINED { return _mm512_sad_epu8(x, y); }, a,
-                                b));
+    return As<U64<V>>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_sad_epu8(x, y); },
+                              [](auto x, auto y) VX_INLINED { return _mm256_sad_epu8(x, y); },
+                              [](auto x, auto y) VX_INLINED { return _mm512_sad_epu8(x, y); }, a,
+                              b));
 }
 template <class V>
 VX_LANE V RoundedMean(V a, V b) {
@@ -189,19 +200,19 @@ VX_LANE V RoundedMean(V a, V b) {
                          [](auto x, auto y) VX_INLINED { return _mm512_avg_epu8(x, y); }, a, b));
 }
 template <class V>
-VX_LANE Sums<V> ProductSums(V a, V b) {
-  return As<Sums<V>>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_madd_epi16(x, y); },
-                             [](auto x, auto y) VX_INLINED { return _mm256_madd_epi16(x, y); },
-                             [](auto x, auto y) VX_INLINED { return _mm512_madd_epi16(x, y); }, a,
-                             b));
+VX_LANE U32<V> ProductSums(V a, V b) {
+  return As<U32<V>>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_madd_epi16(x, y); },
+                            [](auto x, auto y) VX_INLINED { return _mm256_madd_epi16(x, y); },
+                            [](auto x, auto y) VX_INLINED { return _mm512_madd_epi16(x, y); }, a,
+                            b));
 }
 template <class V>
-VX_LANE Floats<V> ToFloats(V v) {
-  return __builtin_convertvector(v, Floats<V>);
+VX_LANE F32<V> ToFloats(V v) {
+  return __builtin_convertvector(v, F32<V>);
 }
 template <class V>
-VX_LANE Ints<V> Truncated(V v) {
-  return __builtin_convertvector(v, Ints<V>);
+VX_LANE I32<V> Truncated(V v) {
+  return __builtin_convertvector(v, I32<V>);
 }
 template <class V>
 VX_LANE V Root(V v) {
@@ -246,8 +257,8 @@ VX_LANE V HalfUp(V v) {
 }
 template <class V>
 VX_LANE V TruncatedQuotient(V n, V d) {
-  const auto low = [](V v) VX_INLINED { return ToFloats(As<Ints<V>>(InterleaveLow(v, V{}))); };
-  const auto high = [](V v) VX_INLINED { return ToFloats(As<Ints<V>>(InterleaveHigh(v, V{}))); };
+  const auto low = [](V v) VX_INLINED { return ToFloats(As<I32<V>>(InterleaveLow(v, V{}))); };
+  const auto high = [](V v) VX_INLINED { return ToFloats(As<I32<V>>(InterleaveHigh(v, V{}))); };
   return Narrow(Truncated(low(n) / low(d)), Truncated(high(n) / high(d)));
 }
 
@@ -267,14 +278,15 @@ template <class Condition>
 VX_LANE bool AllSet(Condition condition) {
   return SetBytes(condition) == ~uint64_t{0} >> (64 - sizeof(Condition));
 }
-// A register of which the compiler knows nothing. Clang packs what a comparison of 32 bytes gave
-// where a branch follows, and spreads it again after the branch.
+// Hides where a register comes from. If a branch follows a comparison of 32 bytes, clang packs the
+// result before the branch and unpacks it after.
 template <class V>
 VX_LANE V Opaque(V v) {
   if constexpr (sizeof(V) == 32 && kWidestRegister >= 32) asm("" : "+x"(v));
   return v;
 }
-// Whether it holds in a lane, of a register or of one sample; mostly it does.
+// Whether the comparison holds in any lane, of a register or
+// of one sample. The compiler is told that it mostly does.
 template <class Condition>
 VX_LANE bool MostlySomeSet(Condition condition) {
   if constexpr (kIsOneSample<Condition>)
@@ -291,32 +303,32 @@ VX_LANE bool NoneSet(Condition condition) {
 
 #if defined(__SSSE3__)
 template <class V>
-VX_LANE Words<V> MixedProductSums(V a, V b) {
-  return As<Words<V>>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_maddubs_epi16(x, y); },
-                              [](auto x, auto y) VX_INLINED { return _mm256_maddubs_epi16(x, y); },
-                              [](auto x, auto y) VX_INLINED { return _mm512_maddubs_epi16(x, y); },
-                              a, b));
+VX_LANE U16<V> MixedProductSums(V a, V b) {
+  return As<U16<V>>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_maddubs_epi16(x, y); },
+                            [](auto x, auto y) VX_INLINED { return _mm256_maddubs_epi16(x, y); },
+                            [](auto x, auto y) VX_INLINED { return _mm512_maddubs_epi16(x, y); }, a,
+                            b));
 }
 
-// One instruction multiplies an unsigned by a signed byte and adds two neighbours.
-// Samples less 128 are signed; their weights come to 255, so the sum lacks 255 x 128.
+// One instruction multiplies unsigned by signed bytes and adds two neighbours. Samples minus 128
+// are signed. Their two weights add up to 255, so the sum is 255 x 128 too small.
 template <class V>
-VX_LANE Words<V> WeighLow(V d, V r, V w) {
+VX_LANE U16<V> WeighLow(V d, V r, V w) {
   return MixedProductSums(InterleaveLow(w, V(~w)), InterleaveLow(V(r ^ 128), V(d ^ 128))) +
          255 * 128;
 }
 template <class V>
-VX_LANE Words<V> WeighHigh(V d, V r, V w) {
+VX_LANE U16<V> WeighHigh(V d, V r, V w) {
   return MixedProductSums(InterleaveHigh(w, V(~w)), InterleaveHigh(V(r ^ 128), V(d ^ 128))) +
          255 * 128;
 }
 #else
 template <class V>
-VX_LANE Words<V> WeighLow(V d, V r, V w) {
+VX_LANE U16<V> WeighLow(V d, V r, V w) {
   return WidenLow(d) * WidenLow(V(~w)) + WidenLow(r) * WidenLow(w);
 }
 template <class V>
-VX_LANE Words<V> WeighHigh(V d, V r, V w) {
+VX_LANE U16<V> WeighHigh(V d, V r, V w) {
   return WidenHigh(d) * WidenHigh(V(~w)) + WidenHigh(r) * WidenHigh(w);
 }
 #endif

@@ -1,17 +1,15 @@
 // The lane types that every pixel rule is written against.
 //
-// A rule is one function template over a vector V of lanes; the same text
-// serves a single sample, a 16-byte register and a wider one. All operators,
-// and the select `c ? a : b`, are those of the compiler's own vector types, so
-// a debugger prints V as an array of numbers.
+// A rule is one function template over a vector V of lanes. The same text serves a single sample,
+// a 16-byte register and a wider one. The operators, and the select `c ? a : b`, are those of the
+// compiler's vector types, so a debugger prints V as an array of numbers.
 //
-// Lanes never promote to int: an 8-bit lane wraps modulo 256 in a vector of one
-// as in a vector of sixteen. That is why the widths agree bit for bit.
-// Arithmetic that may wrap belongs in unsigned lanes; in signed ones it is
-// undefined, as for int.
+// Lanes never promote to int: an 8-bit lane wraps modulo 256 in a vector of one as in a vector of
+// sixteen. That is why all widths agree bit for bit. Arithmetic that may wrap belongs in unsigned
+// lanes; in signed ones it is undefined, as for int.
 //
-// Keep vectors within one register. Wider ones compile, but GCC 12 takes a
-// select on them apart lane by lane.
+// Keep vectors within one register. Wider ones compile, but
+// GCC 12 splits a select on them into single lanes.
 #pragma once
 
 #include <immintrin.h>
@@ -19,12 +17,12 @@
 #include <cstdint>
 #include <type_traits>
 
-// VX_INLINE marks a rule or a driver, which a debugger steps through, VX_INLINED
-// a lambda in one; VX_LANE marks a one-line lane operation, which it steps over.
-// Everything in a unit with its own instruction set is inlined for good: the
-// linker must never choose its copy of a function for an older processor. With
-// the checks of a sanitizer such code takes a compiler minutes, so there it may
-// stay apart, under names that the linker does not see.
+// VX_INLINE marks a rule or a driver, which a debugger steps through, and VX_INLINED a lambda in
+// one. VX_LANE marks a one-line operation on lanes, which a debugger steps over.
+//
+// Everything in a unit with its own instruction set is always inlined: the linker must never choose
+// its copy of a function for an older processor. With a sanitizer's checks that takes a compiler
+// minutes, so there functions may stay apart, under names that the linker does not see.
 #if defined(VX_SANITIZED)
 #define VX_INLINE [[clang::internal_linkage]] inline
 #else
@@ -53,26 +51,27 @@ inline constexpr int kLaneCount = sizeof(V) / sizeof(LaneOf<V>);
 template <class V>
 inline constexpr bool kIsOneSample = kLaneCount<V> == 1;
 
-// A register of a form, and one of V's size, seen as lanes of a type.
+// A register of a form, as lanes of a type.
 template <class T, class Form>
 using Register = Lanes<T, Form::kBytes == 1 ? 1 : Form::kBytes / int{sizeof(T)}>;
-// 16 bytes, of which wider registers are made side by side.
+// A 16-byte group: a wider register is several of them side by side.
 template <class T>
 using Group = Lanes<T, 16 / sizeof(T)>;
+// A register of V's size, as lanes of another type.
 template <class V>
-using Bytes = Lanes<uint8_t, sizeof(V)>;
+using U8 = Lanes<uint8_t, sizeof(V)>;
 template <class V>
-using Words = Lanes<uint16_t, sizeof(V) / 2>;
+using U16 = Lanes<uint16_t, sizeof(V) / 2>;
 template <class V>
-using Sums = Lanes<uint32_t, sizeof(V) / 4>;
+using U32 = Lanes<uint32_t, sizeof(V) / 4>;
 template <class V>
-using Ints = Lanes<int32_t, sizeof(V) / 4>;
+using I32 = Lanes<int32_t, sizeof(V) / 4>;
 template <class V>
-using Quads = Lanes<uint64_t, sizeof(V) / 8>;
+using U64 = Lanes<uint64_t, sizeof(V) / 8>;
 template <class V>
-using Floats = Lanes<float, sizeof(V) / 4>;
+using F32 = Lanes<float, sizeof(V) / 4>;
 
-// At any address, and free of aliasing rules.
+// Load and store at any address, of any type.
 template <class V>
 VX_LANE V Load(const void* from) {
   V lanes;
@@ -84,7 +83,7 @@ VX_LANE void Store(void* to, V lanes) {
   __builtin_memcpy(to, &lanes, sizeof lanes);
 }
 
-// From memory of our own that is aligned, so that it may be an operand as it is.
+// From aligned memory of our own, so that the load may be an instruction's operand.
 template <class V, class T>
 VX_LANE V LoadAligned(const T* from) {
   V lanes;
@@ -92,14 +91,14 @@ VX_LANE V LoadAligned(const T* from) {
   return lanes;
 }
 
-// Only the first kBytes bytes.
+// Stores only the first kBytes bytes.
 template <int kBytes, class V>
 VX_LANE void StoreFirst(void* to, V lanes) {
   static_assert(kBytes <= int{sizeof(V)});
   __builtin_memcpy(to, &lanes, kBytes);
 }
 
-VX_LANE uint64_t LoadWord(const uint8_t* from) {
+VX_LANE uint64_t LoadU64(const uint8_t* from) {
   uint64_t word;
   __builtin_memcpy(&word, from, sizeof word);
   return word;
@@ -118,16 +117,16 @@ VX_LANE To As(From lanes) {
   return reinterpret_cast<To>(lanes);
 }
 
-// The same place in a row `bytes` further on.
+// The address `bytes` bytes further on: of the same column in another row.
 template <class T>
 VX_LANE T* Below(T* row, intptr_t bytes) {
   using Byte = std::conditional_t<std::is_const_v<T>, const uint8_t, uint8_t>;
   return reinterpret_cast<T*>(reinterpret_cast<Byte*>(row) + bytes);
 }
 
-// A row shorter than a register, taken as its first kHalf and its last kHalf bytes in
-// one register: they make up its `count` samples. The two may overlap, then the bytes
-// between stand in it twice and are stored twice with one value.
+// Loads and stores a row of `count` samples, shorter than a register, as
+// its first and its last kHalf bytes in one register. The two ends may
+// overlap. The bytes in both are then stored twice, with the same value.
 template <class V, int kHalf, class T>
 VX_LANE V LoadEnds(const T* from, intptr_t count) {
   static_assert(kHalf == 8 || kHalf == 4 || kHalf == 2 || kHalf == 1);

@@ -1,17 +1,17 @@
-// Lanes chosen by lanes of places, where the unit's instructions can.
+// Lanes looked up by index, if the unit has instructions for it.
 //
-//   Shuffle     byte i is v[places[i]] of its group, or 0 for a place of 128 or more
-//               (where kShuffles says so)
-//   LookUp      lane i is v[places[i]] of the whole register, modulo its lanes; or of two
-//               registers that follow one another (where kLooksUp says so)
-//   LookUpEven  the same of bytes, 0 in the odd ones
+//   Shuffle     byte i is byte indices[i] of its group, or 0 for an index of 128 or more. Exists if
+//               kShuffles
+//   LookUp      lane i is lane indices[i] of the whole register, or of two registers in a row,
+//               modulo their lane count. Exists if kLooksUp
+//   LookUpEven  the same for bytes, with 0 in the odd ones
 #pragma once
 
 #include "common/registers.h"
 
 namespace vantrix {
 
-// Whether lanes of V can be looked up, and whether bytes of a group can be shuffled.
+// Whether lanes can be looked up in a register V, and whether bytes can be in their group.
 #if defined(__AVX512VBMI__)
 template <class V>
 static constexpr bool kLooksUp =
@@ -32,44 +32,44 @@ static constexpr bool kShuffles = false;
 #if defined(__AVX2__)
 template <class V>
   requires(kLooksUp<V> && sizeof(LaneOf<V>) == 4)
-VX_LANE V LookUp(V v, V places) {
+VX_LANE V LookUp(V v, V indices) {
   return As<V>(ByWidth([](auto x, auto) VX_INLINED { return x; },
                        [](auto x, auto y) VX_INLINED { return _mm256_permutevar8x32_epi32(x, y); },
                        [](auto x, auto y) VX_INLINED { return _mm512_permutexvar_epi32(y, x); }, v,
-                       places));
+                       indices));
 }
 template <class V>
-VX_LANE V LookUp(V first, V second, V places) {
+VX_LANE V LookUp(V first, V second, V indices) {
 #if defined(__AVX512VBMI__)
   if constexpr (sizeof(V) == 64)
-    return As<V>(_mm512_permutex2var_epi32(Bits(first), Bits(places), Bits(second)));
+    return As<V>(_mm512_permutex2var_epi32(Bits(first), Bits(indices), Bits(second)));
   else
 #endif
-    return (places & kLaneCount<V>) == 0 ? LookUp(first, places) : LookUp(second, places);
+    return (indices & kLaneCount<V>) == 0 ? LookUp(first, indices) : LookUp(second, indices);
 }
 #endif
 #if defined(__AVX512VBMI__)
 template <class V>
   requires(kLooksUp<V> && sizeof(LaneOf<V>) == 1)
-VX_LANE V LookUp(V v, V places) {
-  return As<V>(_mm512_permutexvar_epi8(Bits(places), Bits(v)));
+VX_LANE V LookUp(V v, V indices) {
+  return As<V>(_mm512_permutexvar_epi8(Bits(indices), Bits(v)));
 }
 template <class V>
-VX_LANE V LookUpEven(V v, V places) {
-  // The mask is hidden, as clang makes an instruction of its own of a known one.
+VX_LANE V LookUpEven(V v, V indices) {
+  // The mask is hidden: clang turns a known one into a separate instruction.
   uint64_t even = 0x5555555555555555;
   asm("" : "+r"(even));
-  return As<V>(_mm512_maskz_permutexvar_epi8(even, Bits(places), Bits(v)));
+  return As<V>(_mm512_maskz_permutexvar_epi8(even, Bits(indices), Bits(v)));
 }
 #endif
 
 #if defined(__SSSE3__)
 template <class V>
-VX_LANE V Shuffle(V v, V places) {
+VX_LANE V Shuffle(V v, V indices) {
   return As<V>(ByWidth([](auto x, auto y) VX_INLINED { return _mm_shuffle_epi8(x, y); },
                        [](auto x, auto y) VX_INLINED { return _mm256_shuffle_epi8(x, y); },
                        [](auto x, auto y) VX_INLINED { return _mm512_shuffle_epi8(x, y); }, v,
-                       places));
+                       indices));
 }
 #endif
 

@@ -1,4 +1,4 @@
-// Lanes that are read and written under a mask, where the unit's instructions have masks.
+// Loads and stores under a mask, if the unit's instructions have masks.
 #pragma once
 
 #include "common/registers.h"
@@ -7,10 +7,10 @@ namespace vantrix {
 
 static constexpr bool kHasMasks = kWidestRegister == 64;
 
-// Fewer samples than a 16-byte register holds: the first `count` from `row` on, or the last
-// `count` before it. No other byte is read; of the register the other lanes are 0. Only those
-// samples are written for which a condition holds. A load soon after waits where it meets any
-// of the 16 bytes, written or not.
+// A place of `count` samples, fewer than a 16-byte register holds: those from
+// sample x on, or those before it. No other byte is read; the other lanes of the
+// register are 0. Only samples for which a condition holds are written. A load
+// soon afterwards of any of the 16 bytes, written or not, waits for the store.
 template <class V>
 struct SomeLanes {
   static_assert(sizeof(V) == 16 && sizeof(LaneOf<V>) == 1);

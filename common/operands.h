@@ -1,14 +1,27 @@
 // The operands and the targets of rules: planes, constants, weights.
 //
-// An operand gives the samples of a place in the current row, of which common/blocks.h
-// tells the kinds. Places are in samples, strides in bytes.
+// An operand gives the samples at a place (common/blocks.h) of its current row. A target is written
+// there. Places are in samples, strides in bytes.
 #pragma once
+
+#include <concepts>
 
 #include "common/blocks.h"
 
 namespace vantrix {
 
-// A plane, or one value for every sample.
+// At(place), too, for every place of a row.
+template <class T>
+concept Operand = requires(T operand) { operand.NextRow(); };
+
+// Write(place, samples), too, and At(place) if it is read.
+template <class T>
+concept RuleTarget = requires(T target) {
+  typename T::Sample;
+  { T::kIsRead } -> std::convertible_to<bool>;
+  target.NextRow();
+};
+
 template <class T>
 struct PlaneOf {
   using Sample = T;
@@ -23,8 +36,9 @@ struct PlaneOf {
   VX_LANE void NextRow() { row = Below(row, stride); }
 };
 using Plane = PlaneOf<uint8_t>;
-using WordPlane = PlaneOf<uint16_t>;
+using Plane16 = PlaneOf<uint16_t>;
 
+// One value for every sample.
 struct Constant {
   uint8_t value;
 
@@ -36,23 +50,23 @@ struct Constant {
   VX_LANE void NextRow() {}
 };
 
-// A plane of weights. Masks are mostly empty or full over large areas, so a
-// block of weights that is all 0 or all 255 is told apart before it is used.
+// A plane of weights. Masks are mostly empty or full over large areas, so rules are told of blocks
+// whose weights are all 0 or all 255.
 struct Weights : Plane {
   enum Cover { kNone, kSome, kAll };
 
-  // Compared in words, in general registers: on a mask that varies the test hides
-  // behind the vector arithmetic and costs nothing.
+  // Compares in general registers, 8 bytes at a time: on a mask that varies, that runs beside the
+  // vector arithmetic and costs nothing.
   template <class V>
   VX_LANE Cover CoverAt(Block<V> block) const {
-    const uint64_t first = LoadWord(row + block.x);
+    const uint64_t first = LoadU64(row + block.x);
     for (size_t i = 8; i < sizeof(V); i += 8)
-      if (LoadWord(row + block.x + i) != first) return kSome;
+      if (LoadU64(row + block.x + i) != first) return kSome;
     return first == 0 ? kNone : first == ~uint64_t{0} ? kAll : kSome;
   }
 };
 
-// The plane that is written: read first (TargetOf), or never read (OutputOf).
+// The plane that is written. A TargetOf is also read first, an OutputOf never is.
 template <class T>
 struct TargetOf {
   using Sample = T;
@@ -68,7 +82,7 @@ struct TargetOf {
   VX_LANE void Write(Place place, V samples) const {
     place.StoreTo(row, samples);
   }
-  // The first sample behind sample x that lies at a kBytes-byte boundary.
+  // The first sample after sample x that lies at a kBytes-byte boundary.
   template <int kBytes>
   VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
     const auto past = reinterpret_cast<uintptr_t>(row + x) & (kBytes - 1);
@@ -83,8 +97,8 @@ struct OutputOf : TargetOf<T> {
 };
 using Target = TargetOf<uint8_t>;
 using Output = OutputOf<uint8_t>;
-using WordTarget = TargetOf<uint16_t>;
-using WordOutput = OutputOf<uint16_t>;
+using Target16 = TargetOf<uint16_t>;
+using Output16 = OutputOf<uint16_t>;
 
 // Two planes that are read and written together: a rule takes and returns a pair.
 template <class V>

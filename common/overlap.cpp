@@ -19,8 +19,8 @@ bool SomeRowsOverlap(int64_t apart, int64_t drift, int64_t bytes, int64_t target
          (nearest < last && inRow(nearest + 1));
 }
 
-// Rows of either lie whole multiples of the strides' common divisor apart. Seen in steps of that,
-// each plane is one range of bytes.
+// Rows of either plane are whole multiples of the strides' greatest common divisor apart. Modulo
+// that divisor each plane is one range of bytes.
 bool ColumnsAreApart(const void* a, intptr_t aStride, int64_t aBytes, const void* b,
                      intptr_t bStride, int64_t bBytes) {
   const int64_t step = std::gcd(int64_t{aStride}, int64_t{bStride});
@@ -30,15 +30,15 @@ bool ColumnsAreApart(const void* a, intptr_t aStride, int64_t aBytes, const void
   return column >= aBytes && column + bBytes <= step;
 }
 
-// Called only where the addresses cross.
+// Called only if the ranges of addresses cross.
 bool AreasOverlap(const void* a, intptr_t aStride, int64_t aRows, int64_t aBytes, const void* b,
                   intptr_t bStride, int64_t bRows, int64_t bBytes) {
-  // A single row is one of any stride.
+  // A single row fits any stride.
   if (aRows == 1) aStride = bStride;
   if (bRows == 1) bStride = aStride;
   if (ColumnsAreApart(a, aStride, aBytes, b, bStride, bBytes)) return false;
   if (aStride != bStride && aStride != -bStride) return true;
-  // Of equal strides, rows of the one lie at one place between rows of the other.
+  // With equal strides every row of one lies at the same distance from a row of the other.
   const int64_t stride = aStride < 0 ? -aStride : aStride;
   if (aBytes > stride || bBytes > stride) return true;
   const auto apart = static_cast<int64_t>(PlaneArea{b, bStride, bRows, bBytes}.Low() -

@@ -1,8 +1,8 @@
-// Whether operands share memory with the target, so that the order of work shows.
+// Whether operands share memory with the target, so that the order of loads and stores shows.
 //
-// Any overlap has a defined result: rows are taken in order, and the samples of a row one by one
-// from the first to the last. Registers read samples before others are written, so planes that
-// overlap are taken singly.
+// Any overlap has a defined result: that of taking rows in order, and the samples of a row one at a
+// time, from the first to the last. A register loads samples before earlier ones are stored, so
+// planes that overlap are taken one sample at a time.
 #pragma once
 
 #include "common/operands.h"
@@ -12,41 +12,42 @@ namespace vantrix {
 VX_INLINE int64_t AddressOf(const void* place) {
   return static_cast<int64_t>(reinterpret_cast<uintptr_t>(place));
 }
-// From the first to the last of so many rows, in bytes; of more than memory holds it wraps.
+// Bytes from the first row to the last. Wraps for more rows than memory holds.
 VX_INLINE uint64_t ReachOf(int64_t rows, int64_t stride) {
   return static_cast<uint64_t>(rows - 1) * static_cast<uint64_t>(stride);
 }
 
-// Rows of `bytes` bytes of an operand that are taken beside rows of `targetBytes` bytes of the
-// target: the first `apart` bytes behind the target's first, each next one `drift` bytes further
-// behind.
+// Rows of an operand, of `bytes` bytes, that are taken with rows of the target, of `targetBytes`
+// bytes. The first starts `apart` bytes after the target's first. In each next row the distance
+// grows by `drift` bytes.
 struct RowPairs {
   int64_t apart, drift, bytes, targetBytes;
 };
 
-// Whether columns of one never meet columns of the other, however many rows there are: tiles of one
-// picture, also where one of them leaves rows out.
+// Whether the columns of one plane never meet the columns of the other, however many rows there
+// are: so it is with tiles of one picture, even if one of them skips rows.
 bool ColumnsAreApart(const void* a, intptr_t aStride, int64_t aBytes, const void* b,
                      intptr_t bStride, int64_t bBytes);
 
-// What is decided where the quick comparisons below do not tell.
+// The exact answers, for when the quick comparisons below are not enough.
 bool SomeRowsOverlap(int64_t apart, int64_t drift, int64_t bytes, int64_t targetBytes,
                      int32_t rows);
 bool AreasOverlap(const void* a, intptr_t aStride, int64_t aRows, int64_t aBytes, const void* b,
                   intptr_t bStride, int64_t bRows, int64_t bBytes);
 
-// For rules that take one row at a time: they mind rows of the same number alone. Rows of as many
-// bytes may coincide, sample for sample.
+// For rules that take one row at a time: whether rows of the same number overlap. Rows of equal
+// length may coincide, sample for sample.
 VX_INLINE bool OverlapsInPart(RowPairs pairs, int32_t rows) {
   const uint64_t first = static_cast<uint64_t>(pairs.apart),
                  last = first + ReachOf(rows, pairs.drift),
                  bytes = static_cast<uint64_t>(pairs.bytes),
                  targetBytes = static_cast<uint64_t>(pairs.targetBytes);
-  // Mostly the first and the last row lie on one side: two signs in one comparison each.
+  // Mostly the first and the last row lie on the same side:
+  // one comparison of two signs for each side.
   const auto behind = static_cast<int64_t>((first - targetBytes) | (last - targetBytes));
   const auto ahead = static_cast<int64_t>((0 - first - bytes) | (0 - last - bytes));
   if (__builtin_expect(behind >= 0 || ahead >= 0, 1)) return false;
-  // Scalars, as a structure would be stored ahead of the comparisons.
+  // By value: a structure would be stored before the comparisons.
   return SomeRowsOverlap(pairs.apart, pairs.drift, pairs.bytes, pairs.targetBytes, rows);
 }
 template <class T>
@@ -61,7 +62,7 @@ VX_INLINE bool OverlapsInPart(Constant, To, int32_t, int32_t) {
   return false;
 }
 
-// Whether a target of two planes does so with itself.
+// Whether the two planes of a target overlap each other.
 template <class To>
 VX_INLINE bool OverlapsItself(To, int32_t, int32_t) {
   return false;
@@ -71,7 +72,7 @@ VX_INLINE bool OverlapsItself(TwoTargetsOf<T> to, int32_t rows, int32_t columns)
   return OverlapsInPart(PlaneOf<T>{to.second.row, to.second.stride}, to.first, rows, columns);
 }
 
-// Rows of samples as they lie in memory, at least one row of at least a byte.
+// Where the rows of a plane lie in memory: at least one row of at least one byte.
 struct PlaneArea {
   const void* first;
   intptr_t stride;
@@ -81,7 +82,7 @@ struct PlaneArea {
   VX_INLINE bool OverlapsItself() const {
     return rows > 1 && (stride < 0 ? -stride : stride) < bytes;
   }
-  // The address of the lowest byte, and that behind the highest.
+  // The address of the lowest byte, and the one after the highest.
   VX_INLINE uint64_t Low() const { return Address() + (stride < 0 ? ReachOf(rows, stride) : 0); }
   VX_INLINE uint64_t End() const {
     return Address() + (stride < 0 ? 0 : ReachOf(rows, stride)) + static_cast<uint64_t>(bytes);
@@ -91,10 +92,9 @@ struct PlaneArea {
   VX_INLINE uint64_t Address() const { return reinterpret_cast<uintptr_t>(first); }
 };
 
-// For kernels that read several rows for one, or write several at once: whether any byte of one
-// is a byte of the other. Two tiles of one picture have none in common, though their addresses
-// cross. Where strides differ, rows that come to lie over one another in some picture count as
-// common bytes.
+// For kernels that read several rows for one, or write several at once: whether the planes share
+// any byte. Two tiles of one picture share none, though their ranges of addresses cross. If strides
+// differ, planes whose columns meet count as sharing, whether a byte is shared or not.
 VX_INLINE bool Overlap(PlaneArea a, PlaneArea b) {
   const auto isBehind = [](uint64_t start, uint64_t end)
                             VX_INLINED { return static_cast<int64_t>(start - end) >= 0; };

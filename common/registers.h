@@ -1,8 +1,8 @@
 // A register as instructions take it, and its parts.
 //
-// The operations of lane_ops.h name an instruction for each width. A register that is wider
-// than the instructions of this unit is taken in halves, so that the text of a wide form can
-// be compiled, and tested, for an older processor.
+// The operations of lane_ops.h name an instruction for each width. If a register is wider than the
+// unit's instructions, they work on its halves. So the text of a wide form can be compiled, and
+// tested, for an older processor.
 #pragma once
 
 #include <utility>
@@ -47,7 +47,7 @@ VX_LANE auto Join(V low, V high) {
   }(std::make_index_sequence<2 * kLaneCount<V>>{});
 }
 
-// Of three operations, which take registers of 16, 32 and 64 bytes, the one for these.
+// Applies one of three operations, for registers of 16, 32 and 64 bytes: the one for V's width.
 template <class Of16, class Of32, class Of64, class V, class... More>
 VX_LANE auto ByWidth(Of16 of16, Of32 of32, Of64 of64, V v, More... more) {
   if constexpr (sizeof(V) > kWidestRegister)

@@ -1,7 +1,7 @@
 // The rounded products and quotients of 8-bit samples, where 255 stands for 1.
 //
-// Each takes one sample or a register of them. With one it reads the shared
-// table, with more it computes; the two are equal for every input.
+// Each takes one sample or a register of them. For one it reads the shared table, for more it
+// computes; the two are equal for every input.
 #pragma once
 
 #include "common/lane_ops.h"
@@ -14,9 +14,9 @@ namespace vantrix {
 // With t = product + 128 this is (t + (t >> 8)) >> 8, which for any 16-bit t is
 // the high half of 257 t: one multiplication for a shift, an add and a shift.
 // 255 is odd, so no quotient lies halfway; t is at most 65153, so no lane wraps.
-template <class Words>
-VX_INLINE Words DivideBy255(Words product) {
-  return HighProduct(product + 128, Words{} + 257);
+template <class V>
+VX_INLINE V DivideBy255(V product) {
+  return HighProduct(product + 128, V{} + 257);
 }
 
 // a b / 255, rounded to nearest.
@@ -28,7 +28,8 @@ VX_INLINE V Multiply(V a, V b) {
     return Narrow(DivideBy255(WidenLow(a) * WidenLow(b)), DivideBy255(WidenHigh(a) * WidenHigh(b)));
 }
 
-// a + b - a b / 255, the product rounded to nearest. Never wraps: it is a + b (1 - a).
+// a + b - a b / 255, the product rounded to nearest. Never
+// wraps: with 255 as 1 it is a + b (1 - a).
 template <class V>
 VX_INLINE V Screen(V a, V b) {
   if constexpr (kIsOneSample<V>)
@@ -37,7 +38,7 @@ VX_INLINE V Screen(V a, V b) {
     return a + b - Multiply(a, b);
 }
 
-// Screen(a, b) where the condition holds, else Multiply(a, b): one product for both.
+// Screen(a, b) if the condition holds, else Multiply(a, b): both need the same product.
 template <class Condition, class V>
 VX_INLINE V ScreenOrMultiply(Condition screens, V a, V b) {
   if constexpr (kIsOneSample<V>) {
@@ -52,8 +53,8 @@ VX_INLINE V ScreenOrMultiply(Condition screens, V a, V b) {
 
 // d + w (r - d) / 255, rounded to nearest: 0 keeps d, 255 gives r.
 //
-// Computed as (d (255 - w) + r w) / 255. The two products share 255 x 255
-// between them, so their sum stays within DivideBy255.
+// Computed as (d (255 - w) + r w) / 255. The sum of the two
+// products is at most 255 x 255, so DivideBy255 takes it.
 template <class V>
 VX_INLINE V Mix(V d, V r, V w) {
   if constexpr (kIsOneSample<V>) {
@@ -64,13 +65,12 @@ VX_INLINE V Mix(V d, V r, V w) {
   }
 }
 
-// 255 x / y, halves rounded up, where y > x; 255 elsewhere.
+// 255 x / y, halves rounded up, if y > x; else 255.
 //
-// (255 x + y / 2) / y in integers. The numerator is at most 65152 and so exact in
-// single precision, as is the divisor. A quotient that is no integer lies at least
-// 1 / 255 below the next one, far more than any rounding of the division moves it:
-// truncated it is the integer quotient in each of the four rounding modes. Lanes that
-// saturate divide by 255, so that none divides by 0.
+// This is (255 x + y / 2) / y in integers. The numerator is at most 65152, so numerator and divisor
+// are exact in single precision. A quotient that is not an integer is at least 1 / 255 below the
+// next integer, far more than rounding moves it. So the truncated quotient is the integer quotient
+// in each of the four rounding modes. Lanes that saturate divide by 255, so no lane divides by 0.
 template <class V>
 VX_INLINE V Divide(V x, V y) {
   if constexpr (kIsOneSample<V>) {

@@ -1,9 +1,9 @@
-// Walks the rows of planes and applies a rule to every sample.
+// Applies a rule to every sample of every row.
 //
-// A rule is a function object on registers of samples. It is given the target's
-// sample first, where the target is read, and then one sample of each operand;
-// it returns the target's new sample. It may hold nothing that differs between
-// samples: a row is worked on in whatever order and width is quickest.
+// A rule is a function object on registers of samples. Its arguments are the
+// target's samples, if the target is read, and then the samples of each operand.
+// It returns the target's new samples. It may hold nothing that differs from
+// sample to sample: a row is taken in whatever order and width is fastest.
 #pragma once
 
 #include "common/overlap.h"
@@ -18,12 +18,18 @@ VX_INLINE auto ResultAt(Place place, Rule rule, To to, From... from) {
     return rule(from.At(place)...);
 }
 
+template <class Rule, class To, class... From>
+concept RuleOn = requires(Rule rule, To to, From... from) {
+  ResultAt(Block<Lanes<typename To::Sample, 1>>{}, rule, to, from...);
+};
+
 template <class Place, class Rule, class To, class... From>
 VX_INLINE void ApplyAt(Place place, Rule rule, To to, From... from) {
   to.Write(place, ResultAt(place, rule, to, from...));
 }
 
-// Under a plane of weights: a rule that weights another brings that as `full`.
+// Under a plane of weights. The rule's `full` is the rule
+// for a weight of 255; a weight of 0 changes nothing.
 template <class V, class Rule, class To, class Source>
 VX_INLINE void ApplyAt(Block<V> block, Rule rule, To to, Source source, Weights weights) {
   if constexpr (kLaneCount<V> > 1) {
@@ -34,12 +40,12 @@ VX_INLINE void ApplyAt(Block<V> block, Rule rule, To to, Source source, Weights 
   to.Write(block, ResultAt(block, rule, to, source, weights));
 }
 
-// From so many registers on, a row of a wide form is taken at the boundaries of the target:
-// there a register that crosses a line of the cache costs as much as two. Measured.
+// A row of at least this many registers of a wide form is stored at the target's boundaries: a
+// store that crosses a cache line costs as much as two. Measured.
 inline constexpr intptr_t kRegistersToAlign = 12;
 
-// The last block reaches back over the one before, so it is computed first, from the
-// original samples, and stored last; so is a first one that reaches over the boundary.
+// The last block reaches back over the block before it, so it is computed first, from the original
+// samples, and stored last. So is a first block that reaches over the target's boundary.
 template <class V, int kMost, class Rule, class To, class... From>
 VX_INLINE void ApplyToRow(Blocks<V, kMost> blocks, Rule rule, To to, From... from) {
   const auto apply = [=](auto block) VX_INLINED { ApplyAt(block, rule, to, from...); };
@@ -77,8 +83,8 @@ VX_INLINE void ForEachRow(int32_t rows, Work work, To to, From... from) {
   }
 }
 
-// Fewer samples than this are quicker taken one by one than in one register: 2, unless
-// a rule says otherwise.
+// Rows of fewer samples than this are faster taken one sample at a time than in one register: 2,
+// unless a rule says otherwise.
 template <class Rule>
 constexpr int FewestInRegister() {
   if constexpr (requires { Rule::kFewestInRegister; })
@@ -87,12 +93,12 @@ constexpr int FewestInRegister() {
     return 2;
 }
 
-// One sample after another. Its body stands in the units without instructions of their own, which
-// those of wider forms call too: it need be in the library once. So rules must have names outside
-// their unit. Used: a compiler that sees no other call than its own may leave a copy made for that
-// one alone.
+// Applies a rule one sample at a time. The units of the scalar and SSE2
+// forms have the body; those of the other forms call it, so that the library
+// has it once. So rules must have names outside their unit. Marked as used:
+// otherwise a compiler may keep only a copy made for one of its callers.
 template <class To, class Rule, class... From>
-[[gnu::noinline, gnu::used]] void BlendSingly(int32_t rows, int32_t columns, To to, Rule rule,
+[[gnu::noinline, gnu::used]] void ApplySingly(int32_t rows, int32_t columns, To to, Rule rule,
                                               From... from)
 #if !defined(__SSSE3__)
 {
@@ -108,9 +114,11 @@ template <class To, class Rule, class... From>
 
 // Applies rule to `rows` rows of `columns` samples; a count below 1 touches no memory.
 //
-// An operand may be the target itself, or overlap it in any way: then samples are taken singly.
-template <class Form, class To, class Rule, class... From>
-VX_INLINE void BlendRows(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
+// An operand may be the target itself. If it overlaps the
+// target in any other way, samples are taken one at a time.
+template <class Form, RuleTarget To, class Rule, Operand... From>
+  requires RuleOn<Rule, To, From...>
+VX_INLINE void ApplyToRows(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
   if (rows < 1 || columns < 1) return;
   const auto inRegisters = [=](auto walk) VX_INLINED {
     ForEachRow(
@@ -118,7 +126,7 @@ VX_INLINE void BlendRows(int32_t rows, int32_t columns, To to, Rule rule, From..
   };
   if ((OverlapsInPart(from, to, rows, columns) || ... || OverlapsItself(to, rows, columns)) ||
       !WithRegisters<Form, typename To::Sample, FewestInRegister<Rule>()>(columns, inRegisters))
-    BlendSingly(rows, columns, to, rule, from...);
+    ApplySingly(rows, columns, to, rule, from...);
 }
 
 }  // namespace vantrix

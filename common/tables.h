@@ -1,7 +1,7 @@
 // The arithmetic tables that start-up builds and every kernel may read.
 //
-// Written once, before any kernel is installed, and read-only afterwards. A
-// kernel that computes a value instead gives exactly the table's.
+// Written once, before any kernel is installed, and only read from then on. A kernel that
+// computes a value instead of loading it gets exactly the table's.
 #pragma once
 
 #include <cstdint>
@@ -19,11 +19,11 @@ extern uint8_t ScreenTable[256][256];
 extern int16_t SignedMultiplyTable[256][512];
 inline constexpr int kSignedCentre = 255;
 
-// [a][b] = 255 a / b, halves rounded up, where b > a; 255 elsewhere.
+// [a][b] = 255 a / b, halves rounded up, if b > a; else 255.
 extern uint8_t DivideTable[256][256];
 
-// Nine 16-byte constants, all zero on a processor without SSE2. Kernels name
-// their constants where they use them; these are part of the module's data.
+// Nine 16-byte constants, all zero on a processor without SSE2. They are part of the module's
+// data; no kernel reads them.
 struct alignas(16) Constant16 {
   uint8_t bytes[16];
 };

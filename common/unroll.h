@@ -1,4 +1,4 @@
-// Loops and choices that are made while compiling.
+// Loops and choices at compile time.
 #pragma once
 
 #include <utility>
@@ -7,14 +7,14 @@
 
 namespace vantrix {
 
-// step(0), step(1) ... kCount times, unrolled.
+// Calls step(0), step(1) ... step(kCount - 1), unrolled.
 template <int kCount, class Step>
 VX_INLINE void Repeat(Step step) {
   [&]<int... i>(std::integer_sequence<int, i...>)
       VX_INLINED { (step(i), ...); }(std::make_integer_sequence<int, kCount>{});
 }
 
-// Calls work with the value as a constant where it is one of kValues, else with 0.
+// Calls work with the value as a constant if it is one of kValues, else with 0.
 template <int... kValues, class Work>
 VX_INLINE void WithConstant(int32_t value, Work work) {
   const bool isOneOfThem =

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "host/reference/reference.h"
-#include "plugin/interface.h"
-#include "plugin/slots.h"
+#include "plugin/base/interface.h"
+#include "plugin/base/slots.h"
 
 namespace vantrix::host {
 

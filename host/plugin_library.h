@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::host {
 

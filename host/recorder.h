@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::host {
 

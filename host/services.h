@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::host {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/catalog.h"
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::host {
 

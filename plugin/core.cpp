@@ -1,6 +1,6 @@
 #include "plugin/core.h"
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 
 namespace vantrix {
 

@@ -1,7 +1,7 @@
 // The core suite's installer and the noise buffer that its one hook records.
 #pragma once
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix {
 

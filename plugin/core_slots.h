@@ -1,8 +1,8 @@
 // The one slot of suite core that the plug-in writes.
 #pragma once
 
-#include "plugin/interface.h"
-#include "plugin/slots.h"
+#include "plugin/base/interface.h"
+#include "plugin/base/slots.h"
 
 namespace vantrix {
 

@@ -1,11 +1,11 @@
-// Which version this is, and which build of a kernel a routine is: for tools that look into the
-// loaded plug-in.
+// Which version this is, and which build of a kernel a
+// routine is: for tools that look into the loaded plug-in.
 //
 // The plug-in exports its entry point and nothing else. This table stands in its data; a tool
 // that has the library loaded finds it by its mark. A host needs none of it.
 #pragma once
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix {
 

@@ -1,18 +1,13 @@
-// The one loop that installs the kernels.
+// The installers, and which routine they write into a slot.
 //
-// A suite's slot table says which slots are ours, its kernel list which builds of each
-// routine exist. A slot whose gate is open gets the widest build that the processor runs. A
-// slot without a kernel is passed through.
+// A suite's slot table says which slots are ours, its kernel list which builds each slot has. An
+// installer writes every slot whose gate is open: the widest build that the processor runs, or a
+// pass-through if the slot has no kernel.
 #pragma once
 
-#include <iterator>
-#include <utility>
-
-#include "plugin/builds.h"
-#include "plugin/pass_through.h"
-#include "plugin/processor.h"
-#include "plugin/slots.h"
-#include "plugin/suites.h"
+#include "plugin/base/builds.h"
+#include "plugin/base/processor.h"
+#include "plugin/base/slots.h"
 
 namespace vantrix {
 
@@ -32,8 +27,8 @@ constexpr bool IsOpen(Gate gate, const ProcessorFeatures& has) {
   return false;
 }
 
-// Kernels::In<Form>() is what a suite has in a form. Null where no form that runs has a
-// build.
+// Kernels::In<Form>() is what a suite has in a form. Returns
+// null if no form that runs has a build for the slot.
 template <class Kernels>
 RoutineGetter WidestBuild(uint16_t slot, InstructionSets has) {
   RoutineGetter widest = nullptr;
@@ -44,19 +39,18 @@ RoutineGetter WidestBuild(uint16_t slot, InstructionSets has) {
   return widest;
 }
 
-// Writes the routines of all slots whose gates are open, in the table's order,
-// so that of two lines for one slot the later wins.
-template <auto& kSuite, auto& kSlots, class Kernels>
-void Install(const ProcessorFeatures& has, InstructionSets runs) {
-  const auto write = [&](const Slot& slot, RoutineGetter passThrough) {
-    if (!IsOpen(slot.gate, has)) return;
-    const RoutineGetter own =
-        slot.IsServed() ? WidestBuild<Kernels>(slot.index, runs) : passThrough;
-    kSuite.live[slot.index] = (own ? own : passThrough)();
-  };
-  [&]<size_t... kLine>(std::index_sequence<kLine...>) {
-    (write(kSlots[kLine], Entry<PassThrough<kSuite, kSlots[kLine].index>>), ...);
-  }(std::make_index_sequence<std::size(kSlots)>{});
-}
+// Writes the slots of one acquired suite and returns 1.
+using Installer = int32_t(const SuiteParameterBlock* block);
+
+// One a suite, in the order in which start-up runs them.
+extern Installer* const kInstallers[kSuiteCount];
+
+// The last of them: first asks the host whether path debugging is on and with which guard value,
+// and reports answers that contradict one another. Installs in any case.
+Installer InstallPathRoutines;
+
+// Returns whether an installer writes this routine: a build in any form, a checked one, or a
+// routine that hands its call on.
+bool IsOwn(Routine routine);
 
 }  // namespace vantrix

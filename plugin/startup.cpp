@@ -3,22 +3,14 @@
 #include <xmmintrin.h>
 
 #include "common/tables.h"
-#include "plugin/core.h"
-#include "plugin/instruction_sets.h"
-#include "plugin/suites.h"
-#include "suites/install.h"
+#include "plugin/base/instruction_sets.h"
+#include "plugin/base/suites.h"
+#include "plugin/install.h"
 
 namespace vantrix {
 namespace {
 
 constexpr uint32_t kFlushToZero = 0x8000;
-
-using Installer = int32_t(const SuiteParameterBlock*);
-constexpr Installer* kInstallers[] = {
-    InstallCoreRoutines,   InstallBlendRoutines,  InstallConvertRoutines, InstallDisplayRoutines,
-    InstallFilterRoutines, InstallMemoryRoutines, InstallPaintRoutines,   InstallResampleRoutines,
-    InstallSelectRoutines, InstallPathRoutines,
-};
 
 }  // namespace
 
@@ -30,7 +22,6 @@ int32_t Startup(const SuiteParameterBlock* block, int16_t* result, const System&
   BuildSharedTables();
   if (processorFeatures.osSupportsSSE) _mm_setcsr(_mm_getcsr() | kFlushToZero);
 
-  // The path installer queries the host and must come last.
   int32_t outcome = 0;
   for (Installer* install : kInstallers) outcome = install(block);
 

@@ -1,8 +1,8 @@
-// Routines that are part of the module though nothing in it calls them. The linker is told to
-// keep the list.
-#include "plugin/builds.h"
+// Routines that are part of the module though nothing in it
+// calls them. The linker is told to keep the list.
+#include "plugin/base/builds.h"
 #include "plugin/module.h"
-#include "plugin/processor.h"
+#include "plugin/uncalled_probes.h"
 
 namespace vantrix {
 

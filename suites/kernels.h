@@ -1,7 +1,7 @@
 // What each suite has in a form: the lists of the suites' kernels.cpp.
 #pragma once
 
-#include "plugin/builds.h"
+#include "plugin/base/builds.h"
 
 namespace vantrix {
 

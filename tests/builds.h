@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "host/catalog.h"
-#include "plugin/instruction_sets.h"
-#include "plugin/suites.h"
-#include "plugin/system.h"
-#include "suites/all_builds.h"
+#include "plugin/base/instruction_sets.h"
+#include "plugin/base/suites.h"
+#include "plugin/base/system.h"
+#include "suites/served.h"
 #include "tests/text64.h"
 
 namespace vantrix {

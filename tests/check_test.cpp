@@ -17,8 +17,8 @@
 #include "host/plugin_library.h"
 #include "host/services.h"
 #include "host/tables.h"
-#include "plugin/instruction_sets.h"
-#include "plugin/suites.h"
+#include "plugin/base/instruction_sets.h"
+#include "plugin/base/suites.h"
 #include "suites/filter/signatures.h"
 #include "tests/faulting.h"
 

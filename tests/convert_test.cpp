@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/convert/conversions.h"
 #include "tests/builds.h"
 #include "tests/fake_host.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin/system.h"
+#include "plugin/base/system.h"
 
 namespace vantrix {
 

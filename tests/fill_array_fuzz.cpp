@@ -6,7 +6,7 @@
 
 #include "host/exercise/exercises.h"
 #include "host/reference/reference.h"
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/memory/copy.h"
 #include "suites/path/fill_array.h"
 #include "tests/path_model.h"

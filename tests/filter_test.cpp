@@ -8,7 +8,7 @@
 #include <numeric>
 #include <vector>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/filter/convolve.h"
 #include "suites/filter/deviation.h"
 #include "suites/filter/differences.h"

@@ -15,9 +15,9 @@
 
 #include "host/catalog.h"
 #include "include/vantrix.h"
+#include "plugin/base/interface.h"
 #include "plugin/core.h"
 #include "plugin/core_slots.h"
-#include "plugin/interface.h"
 #include "suites/blend/kernels.h"
 #include "suites/blend/slots.h"
 #include "suites/convert/conversions.h"

@@ -1,6 +1,6 @@
 // Which forms a processor and its system allow. What each wide form needs stands here once
 // more, bit by bit, so that a slip in the table of detection shows.
-#include "plugin/instruction_sets.h"
+#include "plugin/base/instruction_sets.h"
 
 #include <cpuid.h>
 #include <gtest/gtest.h>

@@ -24,9 +24,9 @@ struct Recorder {
 template <int kBytes>
 void RunOn(const LaneOperands& in, const Recorder& record) {
   using B = Lanes<uint8_t, kBytes>;
-  using W = Words<B>;
-  using S = Sums<B>;
-  using Q = Quads<B>;
+  using W = U16<B>;
+  using S = U32<B>;
+  using Q = U64<B>;
   const auto bytesOf = [&](const uint8_t* from) VX_INLINED { return Load<B>(from); };
   const auto wordsOf = [&](const uint8_t* from) VX_INLINED { return Load<W>(from); };
   const auto sumsOf = [&](const uint8_t* from) VX_INLINED { return Load<S>(from); };
@@ -59,10 +59,10 @@ void RunOn(const LaneOperands& in, const Recorder& record) {
   record("SumOfDifferences", SumOfDifferences(bytesOf(in.a), bytesOf(in.b)));
   record("RoundedMean", RoundedMean(bytesOf(in.a), bytesOf(in.b)));
   record("ProductSums", ProductSums(wordsOf(in.a), wordsOf(in.b)));
-  const auto floats = ToFloats(As<Ints<B>>(sumsOf(in.a)));
+  const auto floats = ToFloats(As<I32<B>>(sumsOf(in.a)));
   record("ToFloats", floats);
   record("Truncated", Truncated(floats / 3.0f));
-  record("Root", Root(ToFloats(As<Ints<B>>(sumsOf(in.a) >> 1))));
+  record("Root", Root(ToFloats(As<I32<B>>(sumsOf(in.a) >> 1))));
   record("Spread 8", Spread<13>(bytesOf(in.a)));
   record("Spread 16", Spread<5>(wordsOf(in.a)));
   record("Spread 32", Spread<2>(sumsOf(in.a)));

@@ -1,4 +1,6 @@
 // A pass-through keeps every argument and every kind of result.
+#include "plugin/base/pass_through.h"
+
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
@@ -6,9 +8,9 @@
 #include <cstdarg>
 
 #include "host/catalog.h"
-#include "plugin/install.h"
+#include "plugin/base/builds.h"
+#include "plugin/base/suites.h"
 #include "plugin/startup.h"
-#include "plugin/suites.h"
 #include "tests/fake_host.h"
 #include "tests/fake_system.h"
 

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <memory>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/memory/signatures.h"
 #include "suites/path/debug.h"
 #include "suites/path/fill_array.h"

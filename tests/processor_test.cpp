@@ -1,8 +1,9 @@
 // The processor record and the probes, on processors of all ages.
-#include "plugin/processor.h"
+#include "plugin/base/processor.h"
 
 #include <gtest/gtest.h>
 
+#include "plugin/uncalled_probes.h"
 #include "tests/fake_system.h"
 
 namespace vantrix {

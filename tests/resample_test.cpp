@@ -9,7 +9,7 @@
 
 #include "common/tables.h"
 #include "host/exercise/arena.h"
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/resample/average.h"
 #include "suites/resample/box.h"
 #include "suites/resample/horizontal.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/select/classify.h"
 #include "suites/select/in_order.h"
 #include "suites/select/marks.h"

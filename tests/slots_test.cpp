@@ -6,11 +6,10 @@
 #include <algorithm>
 #include <map>
 
+#include "plugin/base/processor.h"
 #include "plugin/core.h"
 #include "plugin/install.h"
-#include "plugin/processor.h"
 #include "plugin/startup.h"
-#include "suites/install.h"
 #include "tests/builds.h"
 #include "tests/fake_host.h"
 #include "tests/fake_system.h"
@@ -138,10 +137,7 @@ TEST(InstallersTest, AnswerOne) {
   const uint32_t control = _mm_getcsr();
   ASSERT_EQ(Startup(host.Block(), &result, FakeSystem().Table()), 1);
   _mm_setcsr(control);
-  for (auto* install : {InstallCoreRoutines, InstallBlendRoutines, InstallConvertRoutines,
-                        InstallDisplayRoutines, InstallFilterRoutines, InstallMemoryRoutines,
-                        InstallPaintRoutines, InstallResampleRoutines, InstallSelectRoutines})
-    EXPECT_EQ(install(host.Block()), 1);
+  for (Installer* install : kInstallers) EXPECT_EQ(install(host.Block()), 1);
 }
 
 // Kernels of two slots: one in every form, one up to 16 bytes, which leaves Ssse3 out.
@@ -152,7 +148,7 @@ struct MadeUpKernels {
   static Builds In() {
     static constexpr Build kBuilds[] = {
         {7, Entry<InForm<Form>>},
-        {9, UpTo<Form, 16>([]<class F>(F) { return Entry<InForm<F>>; })},
+        {9, AtMost<Form, 16>([]<class F>(F) { return Entry<InForm<F>>; })},
     };
     return kBuilds;
   }

@@ -7,10 +7,10 @@
 #include <iterator>
 
 #include "common/tables.h"
+#include "plugin/base/processor.h"
+#include "plugin/base/suites.h"
 #include "plugin/core.h"
 #include "plugin/module.h"
-#include "plugin/processor.h"
-#include "plugin/suites.h"
 #include "tests/fake_host.h"
 #include "tests/fake_system.h"
 

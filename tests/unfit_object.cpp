@@ -1,5 +1,5 @@
 // Everything that check_objects.py refuses, so that it is seen to refuse it.
-#include "plugin/builds.h"
+#include "plugin/base/builds.h"
 
 namespace vantrix {
 namespace {

@@ -18,7 +18,7 @@
 #include "host/exercise/arena.h"
 #include "host/exercise/choices.h"
 #include "host/exercise/outcome.h"
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::host {
 

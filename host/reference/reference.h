@@ -9,7 +9,7 @@
 #include <span>
 
 #include "host/exercise/scene.h"
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::host {
 

@@ -1,4 +1,4 @@
-// Rows whose operands are taken as they were before the row is written.
+// Rows that behave as if their operands had been copied before the row is written.
 #pragma once
 
 #include <cstring>
@@ -8,22 +8,24 @@
 
 namespace vantrix {
 
-// A row that fits is copied before it is worked on; longer ones are not.
+// Longer rows are not copied.
 inline constexpr int32_t kCopiedSamples = 4096;
 
-VX_INLINE Plane CopyRow(Plane plane, uint8_t* copy, int32_t columns) {
+// An operand that gives the samples of the current row from a copy.
+VX_INLINE Plane Copied(Plane plane, uint8_t* copy, int32_t columns) {
   std::memcpy(copy, plane.row, static_cast<size_t>(columns));
   return {copy, 0};
 }
-VX_INLINE Weights CopyRow(Weights weights, uint8_t* copy, int32_t columns) {
-  return {CopyRow(Plane{weights}, copy, columns)};
+VX_INLINE Weights Copied(Weights weights, uint8_t* copy, int32_t columns) {
+  return {Copied(Plane{weights}, copy, columns)};
 }
-VX_INLINE Constant CopyRow(Constant constant, uint8_t*, int32_t) { return constant; }
+VX_INLINE Constant Copied(Constant constant, uint8_t*, int32_t) { return constant; }
 
-// One row after another from copies of its operands, sample by sample. As BlendSingly.
+// Applies a rule one sample at a time, to each row from copies of its operands. Its body is in the
+// same units as that of ApplySingly.
 template <class Rule, class... From>
-[[gnu::noinline, gnu::used]] void BlendCopiedRows(int32_t rows, int32_t columns, Target to,
-                                                  Rule rule, From... from)
+[[gnu::noinline, gnu::used]] void ApplyToCopiedRows(int32_t rows, int32_t columns, Target to,
+                                                    Rule rule, From... from)
 #if !defined(__SSSE3__)
 {
   uint8_t copies[sizeof...(From)][kCopiedSamples];
@@ -32,7 +34,7 @@ template <class Rule, class... From>
       [&](Target target, auto... operands) VX_INLINED {
         [&]<size_t... kIndex>(std::index_sequence<kIndex...>) VX_INLINED {
           ApplyToRow(Singly<uint8_t>{columns}, rule, target,
-                     CopyRow(operands, copies[kIndex], columns)...);
+                     Copied(operands, copies[kIndex], columns)...);
         }(std::index_sequence_for<From...>{});
       },
       to, from...);
@@ -41,14 +43,14 @@ template <class Rule, class... From>
     ;
 #endif
 
-// BlendRows, but that a row of at most 4096 samples behaves as if its operands had been copied
-// before it is written. Copies are made only where rows do overlap.
+// As ApplyToRows, but a row of at most 4096 samples behaves as if its operands had been copied
+// before it is written. Copies are made only if rows overlap.
 template <class Form, class Rule, class... From>
-VX_INLINE void BlendRowsAsIfCopied(int32_t rows, int32_t columns, Target to, Rule rule,
-                                   From... from) {
+VX_INLINE void ApplyToRowsAsIfCopied(int32_t rows, int32_t columns, Target to, Rule rule,
+                                     From... from) {
   if (columns <= kCopiedSamples && (OverlapsInPart(from, to, rows, columns) || ...))
-    return BlendCopiedRows(rows, columns, to, rule, from...);
-  BlendRows<Form>(rows, columns, to, rule, from...);
+    return ApplyToCopiedRows(rows, columns, to, rule, from...);
+  ApplyToRows<Form>(rows, columns, to, rule, from...);
 }
 
 }  // namespace vantrix

@@ -7,9 +7,8 @@
 
 namespace vantrix {
 
-// Truncation as the rounding mode from here to the end of the scope, the register as
-// it was and a fence thereafter. The quotients are the same in every mode; the mode and
-// the fence are part of what these routines do.
+// Sets the rounding mode to truncation. At the end of the scope, restores the register and issues a
+// fence. Quotients are the same in every mode; mode and fence are part of the contract.
 class TruncatingScope {
  public:
   VX_INLINE TruncatingScope() : saved_(_mm_getcsr()) { _mm_setcsr(saved_ | kTruncate); }
@@ -51,16 +50,16 @@ void BlendBurnPlanes8(const uint8_t* base, uint8_t* destination, const uint8_t* 
                       int32_t columns, int32_t baseStride, int32_t destinationStride,
                       int32_t blendStride) {
   const TruncatingScope scope;
-  BlendRows<Form>(rows, columns, Output{{destination, destinationStride}}, Burn{},
-                  Plane{base, baseStride}, Plane{blend, blendStride});
+  ApplyToRows<Form>(rows, columns, Output{{destination, destinationStride}}, Burn{},
+                    Plane{base, baseStride}, Plane{blend, blendStride});
 }
 
 template <class Form>
 void BlendScreenShare8(uint8_t* share, uint8_t* combined, int32_t rows, int32_t columns,
                        int32_t shareStride, int32_t combinedStride) {
   const TruncatingScope scope;
-  BlendRows<Form>(rows, columns, TwoTargets{{combined, combinedStride}, {share, shareStride}},
-                  ScreenShare{});
+  ApplyToRows<Form>(rows, columns, TwoTargets{{combined, combinedStride}, {share, shareStride}},
+                    ScreenShare{});
 }
 
 }  // namespace vantrix

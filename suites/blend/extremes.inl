@@ -7,11 +7,11 @@
 
 namespace vantrix {
 
-// Blocks are stored or left alone whole; steps are what a row is measured in.
+// A block is stored or left alone as a whole. Steps are counted from the destination's boundary.
 inline constexpr intptr_t kStoreBlock = 16;
 inline constexpr intptr_t kStep = 2 * kStoreBlock;
 
-// In order, and storing changed samples only: right for any overlap.
+// Takes samples in order and stores those that change: right for any overlap.
 template <class Rule>
 VX_INLINE void ApplyInOrder(intptr_t count, Rule rule, Target to, Plane from) {
   Singly<uint8_t>{count}.ForEach([=](auto sample) VX_INLINED {
@@ -25,7 +25,7 @@ VX_INLINE void StoreChanged(Block<V> block, Rule rule, Target to, Plane from) {
   const V before = to.At(block);
   StoreChangedGroups(to.row + block.x, before, rule(before, from.At(block)));
 }
-// Two registers under one test, as most steps change both or neither.
+// Two registers with one test: mostly both change or neither does.
 template <class V, class Rule>
 VX_INLINE void StoreChanged(Block<V> block, Block<V> next, Rule rule, Target to, Plane from) {
   const V before = to.At(block), nextBefore = to.At(next);
@@ -35,7 +35,7 @@ VX_INLINE void StoreChanged(Block<V> block, Block<V> next, Rule rule, Target to,
   StoreChangedGroups(to.row + next.x, nextBefore, nextAfter);
 }
 
-// Samples x to `end`, whole steps, in registers of kBytes bytes and then of halves of that.
+// Takes samples x to `end`, whole steps, in registers of kBytes bytes, then of half of that.
 template <int kBytes, class Rule>
 VX_INLINE void StoreChangedSteps(intptr_t x, intptr_t end, Rule rule, Target to, Plane from) {
   using V = Lanes<uint8_t, kBytes>;
@@ -48,7 +48,7 @@ VX_INLINE void StoreChangedSteps(intptr_t x, intptr_t end, Rule rule, Target to,
   }
 }
 
-// At least a step of samples.
+// Takes a row of at least one step.
 template <class Form, class Rule>
 VX_INLINE void StoreChangedInRow(intptr_t count, Rule rule, Target to, Plane from) {
   constexpr int kWidest = Form::kBytes < kStep ? Form::kBytes : kStep;
@@ -76,7 +76,7 @@ void ChangedBlocks(const uint8_t* source, uint8_t* destination, int32_t rows, in
         plane);
   };
   if constexpr (Form::kBytes > 1)
-    if (columns < kStep) return BlendRows<Form>(rows, columns, target, Mode{}, plane);
+    if (columns < kStep) return ApplyToRows<Form>(rows, columns, target, Mode{}, plane);
   // Registers read samples before others are written.
   if (Form::kBytes == 1 || OverlapsInPart(plane, target, rows, columns))
     return inEachRow([](auto... row) VX_INLINED { ApplyInOrder(row...); });

@@ -1,5 +1,5 @@
-// The kernels of suite blnd by name: which mode in which shape. Those of one form and
-// no mode are declared in the headers that this one includes.
+// The kernels of suite blnd by name: which mode in which shape. Kernels without a mode are declared
+// in the headers that this one includes.
 #pragma once
 
 #include "common/forms.h"

@@ -1,11 +1,12 @@
-// The blend modes: each is the full-strength sample from the destination's and the
-// source's, and says on which side of the destination it lies.
+// The blend modes: each computes the full-strength sample from the destination's and the source's.
 //
-// A mode in part is then one product of the weight: added where the mode only rises,
-// taken away where it only falls. kCopiesRows: of operands that overlap the destination
-// a row of at most 4096 samples is taken as it was before the row. kLeavesAlone: under a mask,
-// samples that do not change are not written but in blocks in which another does; at full strength
-// ChangedBlocks serves such a mode.
+//   kMoves        whether that sample is never below the destination's, never above it, or either.
+//   At
+//                 less than full strength one product with the weight is then added, or subtracted
+//   kCopiesRows   a row of at most 4096 samples behaves as if operands that overlap the destination
+//                 had been copied before it is written
+//   kLeavesAlone  under a mask, a sample that does not change is written only in a block in which
+//                 another one does. At full strength ChangedBlocks serves such a mode
 #pragma once
 
 #include "common/rounding.h"
@@ -37,8 +38,8 @@ struct Screen {
   }
 };
 
-// The destination decides: below 128 it is doubled and multiplied, from 128 on
-// 2 d + 1 - 256 is screened. Lanes wrap, so 2 d has lost the 256 already.
+// The destination decides: below 128, 2 d is multiplied; from 128 on, 2 d + 1 - 256 is screened.
+// Lanes wrap, so 2 d has already lost the 256.
 struct Overlay {
   static constexpr Moves kMoves = Moves::kEitherWay;
   static constexpr bool kCopiesRows = true;
@@ -50,8 +51,8 @@ struct Overlay {
   }
 };
 
-// The source decides, and what is screened lacks overlay's 1: a source of 128 leaves
-// the destination as it is.
+// The source decides, and 2 s - 256 is screened, without
+// overlay's 1: a source of 128 leaves the destination as it is.
 struct HardLight {
   static constexpr Moves kMoves = Moves::kEitherWay;
   static constexpr bool kCopiesRows = true;
@@ -94,7 +95,8 @@ struct Darken {
 
 }  // namespace modes
 
-// A mode in part: 0 keeps d, 255 gives the mode's sample r, rounded to nearest between.
+// A mode under a weight: 0 keeps d, 255 gives the mode's
+// sample r; in between it is rounded to nearest.
 template <class Mode>
 struct Weighted {
   static constexpr bool kReadsTarget = true;

@@ -26,25 +26,26 @@ void BlendMultiplyPlanesInvert8(const uint8_t* first, const uint8_t* second, uin
     return static_cast<uint8_t>(flag) != 0 ? 255 : 0;
   };
   const InvertedProduct rule{inverter(invertFirst), inverter(invertSecond), inverter(invertResult)};
-  BlendRows<Form>(rows, columns, Output{{destination, destinationStride}}, rule,
-                  Plane{first, firstStride}, Plane{second, secondStride});
+  ApplyToRows<Form>(rows, columns, Output{{destination, destinationStride}}, rule,
+                    Plane{first, firstStride}, Plane{second, secondStride});
 }
 
 template <class Form>
 void BlendMultiplyPlanes8(const uint8_t* first, uint8_t* destination, const uint8_t* second,
                           int32_t rows, int32_t columns, int32_t firstStride,
                           int32_t destinationStride, int32_t secondStride) {
-  BlendRows<Form>(rows, columns, Output{{destination, destinationStride}}, InvertedProduct{0, 0, 0},
-                  Plane{first, firstStride}, Plane{second, secondStride});
+  ApplyToRows<Form>(rows, columns, Output{{destination, destinationStride}},
+                    InvertedProduct{0, 0, 0}, Plane{first, firstStride},
+                    Plane{second, secondStride});
 }
 
 template <class Form>
 void BlendInvertMultiplyPlanes8(const uint8_t* first, uint8_t* destination, const uint8_t* second,
                                 int32_t rows, int32_t columns, int32_t firstStride,
                                 int32_t destinationStride, int32_t secondStride) {
-  BlendRows<Form>(rows, columns, Output{{destination, destinationStride}},
-                  InvertedProduct{255, 0, 255}, Plane{first, firstStride},
-                  Plane{second, secondStride});
+  ApplyToRows<Form>(rows, columns, Output{{destination, destinationStride}},
+                    InvertedProduct{255, 0, 255}, Plane{first, firstStride},
+                    Plane{second, secondStride});
 }
 
 }  // namespace vantrix

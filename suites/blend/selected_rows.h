@@ -1,8 +1,8 @@
-// Rows in which a rule selects samples, and leaves the others alone: their bytes may be another
-// thread's, or lie on a page that must not be written.
+// Rows in which a rule selects samples and leaves the others alone: their bytes may belong to
+// another thread, or lie on a page that must not be written.
 //
-// In the blocks of 16 that start at the target's 16-byte boundary samples are written together.
-// Before and after them only selected ones are.
+// In the blocks of 16 that start at the target's first 16-byte boundary, all samples are written
+// together. Before and after these blocks only selected samples are written.
 #pragma once
 
 #include "common/changed.h"
@@ -12,9 +12,8 @@
 
 namespace vantrix {
 
-// Rules say of a register which samples they select, and what becomes of those:
-// rule.Selects(d, samples...), rule.Selected(d, samples...); and by kReadsTarget whether either
-// looks at d.
+// rule.Selects(d, samples...) says which samples of a register the rule selects, and
+// rule.Selected(d, samples...) what becomes of them. kReadsTarget says whether either uses d.
 template <class Place, class Rule, class To, class... From>
 VX_INLINE auto SelectsAt(Place place, Rule rule, To to, From... from) {
   return rule.Selects(to.At(place), from.At(place)...);
@@ -24,14 +23,14 @@ VX_INLINE auto SelectedAt(Place place, Rule rule, To to, From... from) {
   return rule.Selected(to.At(place), from.At(place)...);
 }
 
-// Samples as they were read, and as they are to be. What was read counts: read again, a sample may
-// be another thread's, whose store would be undone.
+// Samples as they were read, and as they will be. They are compared with what was read: if they
+// were read again, a sample that another thread stored in between would be overwritten.
 template <class V>
 struct Change {
   V before, after;
 };
 
-// A target of whose blocks only those groups are stored in which a sample changes.
+// A target that stores only those groups of a block in which a sample changes.
 struct ChangedGroupsTarget : Target {
   template <class V>
   VX_LANE void Write(Block<V> block, Change<V> samples) const {
@@ -40,7 +39,7 @@ struct ChangedGroupsTarget : Target {
   VX_LANE ChangedGroupsTarget From(intptr_t x) const { return {Target::From(x)}; }
 };
 
-// Sample by sample. Masks vary: branches would be mispredicted.
+// Takes one sample at a time. Masks vary, so branches would be mispredicted.
 template <class Rule, class To, class... From>
 VX_INLINE void WriteSelectedSingly(intptr_t count, Rule rule, To to, From... from) {
   Singly<uint8_t>{count}.ForEach([=](auto one) VX_INLINED {
@@ -49,12 +48,12 @@ VX_INLINE void WriteSelectedSingly(intptr_t count, Rule rule, To to, From... fro
   });
 }
 
-// Whether short rows and ends are stored under masks. A load that soon after meets any byte of such
-// a store waits for it, written or not. So a rule that reads the target stores so only where rows
-// lie 32 bytes apart.
+// Whether short rows and the ends of long ones are stored under masks. A load soon afterwards of
+// any byte of such a store, written or not, waits for it. So a rule that reads the target stores
+// under masks only if rows are at least 32 bytes apart.
 template <class Rule>
 VX_INLINE bool StoresUnderMask(int32_t columns, int64_t stride) {
-  constexpr int64_t kReach = 2 * 16;  // behind a row's end and ahead of the next one's start
+  constexpr int64_t kReach = 2 * 16;  // after a row's end and before the next one's start
   return kHasMasks && (!Rule::kReadsTarget || (stride < 0 ? -stride : stride) - columns >= kReach);
 }
 template <class Lanes, class Rule, class To, class... From>
@@ -63,7 +62,7 @@ VX_INLINE void WriteSelectedLanes(Lanes lanes, Rule rule, To to, From... from) {
                    SelectedAt(lanes, rule, to, from...));
 }
 
-// A row of fewer than 16 samples.
+// Takes a row of fewer than 16 samples.
 template <class Rule, class To, class... From>
 VX_INLINE void WriteSelectedInShort(bool underMask, intptr_t count, Rule rule, To to,
                                     From... from) {
@@ -81,7 +80,7 @@ VX_INLINE void WriteSelectedInShort(bool underMask, intptr_t count, Rule rule, T
   if (!isTaken) WriteSelectedSingly(count, rule, to, from...);
 }
 
-// A row of at least a block.
+// Takes a row of at least one block.
 inline constexpr intptr_t kWrittenBlock = 16;
 template <class Form, class Rule, class To, class... Operand>
 VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To to,
@@ -94,7 +93,7 @@ VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To
   } else if (head > 0) {
     WriteSelectedInShort(false, head, rule, to, from...);
   }
-  // Registers of one block end where the blocks do: none reaches back.
+  // Registers of 16 bytes are the blocks themselves, so none reaches back.
   if (Form::kBytes > kWrittenBlock && end - head >= Form::kBytes)
     ApplyToRow(Blocks<Lanes<uint8_t, Form::kBytes>>{end, head}, rule, to, from...);
   else
@@ -104,10 +103,10 @@ VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To
     WriteSelectedInShort(underMask, count - end, rule, to.From(end), from.From(end)...);
 }
 
-// As BlendSingly.
+// One sample at a time. Its body is in the same units as that of ApplySingly.
 template <class To, class Rule, class... From>
-[[gnu::noinline, gnu::used]] void BlendSelectedSingly(int32_t rows, int32_t columns, To to,
-                                                      Rule rule, From... from)
+[[gnu::noinline, gnu::used]] void ApplyToSelectedSingly(int32_t rows, int32_t columns, To to,
+                                                        Rule rule, From... from)
 #if !defined(__SSSE3__)
 {
   ForEachRow(
@@ -118,10 +117,10 @@ template <class To, class Rule, class... From>
     ;
 #endif
 
-// Applies a rule that selects; a count below 1 touches no memory. Operands may overlap the
-// target in any way, as with BlendRows.
+// Applies a rule that selects samples. A count below 1 touches no memory. Operands may overlap the
+// target in any way, as with ApplyToRows.
 template <class Form, class Rule, class To, class... From>
-VX_INLINE void BlendSelected(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
+VX_INLINE void ApplyToSelected(int32_t rows, int32_t columns, To to, Rule rule, From... from) {
   if (rows < 1 || columns < 1) return;
   const bool underMask = StoresUnderMask<Rule>(columns, to.stride);
   const auto inEachRow = [=](auto work) VX_INLINED {
@@ -129,7 +128,7 @@ VX_INLINE void BlendSelected(int32_t rows, int32_t columns, To to, Rule rule, Fr
         rows, [=](auto... row) VX_INLINED { work(underMask, columns, rule, row...); }, to, from...);
   };
   if (Form::kBytes == 1 || (OverlapsInPart(from, to, rows, columns) || ...))
-    return BlendSelectedSingly(rows, columns, to, rule, from...);
+    return ApplyToSelectedSingly(rows, columns, to, rule, from...);
   if constexpr (Form::kBytes > 1) {
     if (columns < kWrittenBlock)
       inEachRow([](auto... row) VX_INLINED { WriteSelectedInShort(row...); });

@@ -8,10 +8,10 @@
 // All are rounded to nearest: a weight of 0 keeps d and one of 255 gives Mode(d, s).
 //
 // An operand plane may be the destination itself, or overlap it in any way: rows are taken in
-// order, and samples one by one. With screen, overlay and hard light (Mode::kCopiesRows) a
-// row of at most 4096 samples behaves as if its operands had been copied before it is written.
+// order, and samples one at a time. With screen, overlay and hard light (Mode::kCopiesRows) a row
+// of at most 4096 samples behaves as if its operands had been copied before it is written.
 //
-// Mode is one of modes.h; Form says how many samples are taken at once.
+// Mode is one of modes.h.
 #pragma once
 
 #include "suites/blend/signatures.h"
@@ -19,17 +19,12 @@
 namespace vantrix {
 
 template <class Mode, class Form>
-void AtFullStrength(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
-                    int32_t sourceStride, int32_t destinationStride);
+PlaneBlend AtFullStrength;
 template <class Mode, class Form>
-void WithOpacity(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
-                 int32_t sourceStride, int32_t destinationStride, uint32_t opacity);
+OpacityBlend WithOpacity;
 template <class Mode, class Form>
-void UnderMask(const uint8_t* source, uint8_t* destination, const uint8_t* mask, int32_t rows,
-               int32_t columns, int32_t sourceStride, int32_t destinationStride,
-               int32_t maskStride);
+MaskedBlend UnderMask;
 template <class Mode, class Form>
-void ColorUnderMask(uint32_t color, uint8_t* destination, const uint8_t* mask, int32_t rows,
-                    int32_t columns, int32_t destinationStride, int32_t maskStride);
+ColorMaskedBlend ColorUnderMask;
 
 }  // namespace vantrix

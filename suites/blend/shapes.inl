@@ -8,7 +8,7 @@
 
 namespace vantrix {
 
-// A rule that also tells what was read; of a mode in part so does the mode.
+// A rule that also returns what was read. In a weighted one the mode at full strength does so too.
 template <class Rule>
 struct WithBefore : Rule {
   template <class V, class... S>
@@ -24,12 +24,12 @@ struct WeightedWithBefore : WithBefore<Weighted<Mode>> {
 template <class Mode, class Form, class Rule, class... From>
 VX_INLINE void BlendMode(int32_t rows, int32_t columns, Target to, Rule rule, From... from) {
   if constexpr (Mode::kLeavesAlone)
-    BlendSelected<Form>(rows, columns, ChangedGroupsTarget{to},
-                        WeightedWithBefore<Mode>{{rule}, {}}, from...);
+    ApplyToSelected<Form>(rows, columns, ChangedGroupsTarget{to},
+                          WeightedWithBefore<Mode>{{rule}, {}}, from...);
   else if constexpr (Mode::kCopiesRows)
-    BlendRowsAsIfCopied<Form>(rows, columns, to, rule, from...);
+    ApplyToRowsAsIfCopied<Form>(rows, columns, to, rule, from...);
   else
-    BlendRows<Form>(rows, columns, to, rule, from...);
+    ApplyToRows<Form>(rows, columns, to, rule, from...);
 }
 
 template <class Mode, class Form>

@@ -1,11 +1,11 @@
 // The argument lists of the blends.
 //
-// All planes hold 8-bit samples; rows, columns and strides are signed 32-bit, a
-// stride is in bytes from a row to the next and may be negative. Rows or columns
-// below 1 touch no memory. Nothing but the destination's `columns` bytes of each row
-// is written, nothing but those and the operands' is read.
+// All planes hold 8-bit samples. Rows, columns and strides are signed
+// 32-bit. A stride is in bytes from a row to the next, and may be negative.
+// If rows or columns are below 1, no memory is touched. Only the `columns`
+// bytes of each row are read, and only those of the destination are written.
 //
-// Of a colour, an opacity or a flag the low byte counts, whatever stands above it.
+// Of a colour, an opacity or a flag only the low byte counts; the bits above may hold anything.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ using ColorMaskedBlend = void(uint32_t color, uint8_t* destination, const uint8_
                               int32_t rows, int32_t columns, int32_t destinationStride,
                               int32_t maskStride);
 
-// The destination's own samples are not read.
+// The destination's samples are not read.
 using PlanesBlend = void(const uint8_t* first, uint8_t* destination, const uint8_t* second,
                          int32_t rows, int32_t columns, int32_t firstStride,
                          int32_t destinationStride, int32_t secondStride);

@@ -6,8 +6,8 @@
 
 namespace vantrix {
 
-// Of a varied mask half is light, and few samples are quicker taken one by one; zeros are seldom,
-// and mostly none of a register is one. Measured.
+// Half of the samples of a varied mask are light, so few samples are faster taken one at a time.
+// Zeros are rare, and most registers have none. Measured.
 struct WhereLight {
   static constexpr int kFewestInRegister = 8;
   template <class V>
@@ -45,26 +45,26 @@ template <class Form>
 void BlendThresholdMasked8(const uint8_t* source, uint8_t* destination, const uint8_t* mask,
                            int32_t rows, int32_t columns, int32_t sourceStride,
                            int32_t destinationStride, int32_t maskStride) {
-  BlendSelected<Form>(rows, columns, Target{destination, destinationStride},
-                      CopySelected<WhereLight>{}, Plane{source, sourceStride},
-                      Plane{mask, maskStride});
+  ApplyToSelected<Form>(rows, columns, Target{destination, destinationStride},
+                        CopySelected<WhereLight>{}, Plane{source, sourceStride},
+                        Plane{mask, maskStride});
 }
 
 template <class Form>
 void BlendColorThresholdMasked8(uint32_t color, uint8_t* destination, const uint8_t* mask,
                                 int32_t rows, int32_t columns, int32_t destinationStride,
                                 int32_t maskStride) {
-  BlendSelected<Form>(rows, columns, Target{destination, destinationStride},
-                      CopySelected<WhereLight>{}, Constant{static_cast<uint8_t>(color)},
-                      Plane{mask, maskStride});
+  ApplyToSelected<Form>(rows, columns, Target{destination, destinationStride},
+                        CopySelected<WhereLight>{}, Constant{static_cast<uint8_t>(color)},
+                        Plane{mask, maskStride});
 }
 
 template <class Form>
 void BlendColorWhereZero8(const uint8_t* mask, uint8_t* destination, int32_t rows, int32_t columns,
                           int32_t maskStride, int32_t destinationStride, uint32_t color) {
-  BlendSelected<Form>(rows, columns, Target{destination, destinationStride},
-                      CopySelected<WhereZero>{}, Constant{static_cast<uint8_t>(color)},
-                      Plane{mask, maskStride});
+  ApplyToSelected<Form>(rows, columns, Target{destination, destinationStride},
+                        CopySelected<WhereZero>{}, Constant{static_cast<uint8_t>(color)},
+                        Plane{mask, maskStride});
 }
 
 }  // namespace vantrix

@@ -7,18 +7,16 @@
 
 namespace vantrix {
 
-// In place, between two pairs of ranges:
+// Converts in place, for two pairs of ranges:
 //   0xFFFF to 0x8000   v x 32768 / 65535, rounded to nearest
 //   0x8000 to 0xFFFF   v x 65535 / 32768, halves up; above 0x7FFF always 0xFFFF
-// Any other pair goes to the host's own routine with all arguments as they came; its
-// result is returned, else 0.
+// and returns 0. For any other pair, calls the host's own routine with the arguments as they came,
+// and returns its result.
 template <class Form>
-uint64_t RescaleWords(uint16_t* samples, uint32_t fromMaximum, uint32_t toMaximum, int32_t rows,
-                      int32_t width, int32_t stride);
+RescaleWordsRoutine RescaleWords;
 
 // Each sample v becomes v x 32768 / 255, rounded to nearest.
 template <class Form>
-void Expand8To16(const uint8_t* source, uint16_t* destination, int32_t rows, int32_t width,
-                 int32_t sourceStride, int32_t destinationStride);
+Expand8To16Routine Expand8To16;
 
 }  // namespace vantrix

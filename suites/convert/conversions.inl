@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/rows.h"
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/convert/conversions.h"
 
 namespace vantrix {
@@ -10,7 +10,7 @@ namespace vantrix {
 constexpr uint32_t kFullRange = 0xFFFF, kHostRange = 0x8000;
 constexpr int kRescaleSlot = 19;
 
-// (v x 32768 + 32767) / 65535. Of v = 2 k it is k, of 2 k + 1 it is k + 1.
+// (v x 32768 + 32767) / 65535: k for v = 2 k, and k + 1 for v = 2 k + 1.
 struct FullToHost {
   template <class V>
   VX_INLINE V operator()(V v) const {
@@ -18,9 +18,8 @@ struct FullToHost {
   }
 };
 
-// (v x 65535 + 16384) >> 15 = 2 v + ((16384 - v) >> 15): 2 v, less 1 above 16384. From
-// 0x8000 on, where 2 v is clamped to 0xFFFF, values are negative as signed lanes and lose
-// nothing.
+// (v x 65535 + 16384) >> 15 = 2 v + ((16384 - v) >> 15): 2 v, minus 1 above 16384. From 0x8000 on,
+// 2 v is clamped to 0xFFFF; there signed lanes are negative, so nothing is subtracted.
 struct HostToFull {
   template <class V>
   VX_INLINE V operator()(V v) const {
@@ -29,7 +28,7 @@ struct HostToFull {
   }
 };
 
-// A plane of bytes, each taken twice: v and v make 257 v.
+// A plane of bytes as 16-bit lanes, each byte in both halves: 257 v.
 struct DoubledBytes {
   const uint8_t* row;
   int32_t stride;
@@ -40,7 +39,7 @@ struct DoubledBytes {
     if constexpr (kIsOneSample<V>)
       return V{static_cast<uint16_t>(*from * 257)};
     else if constexpr (sizeof(V) == 16)
-      return Doubled<V>(LoadWord(from));
+      return Doubled<V>(LoadU64(from));
     else
       return As<V>(Twice(Load<Lanes<uint8_t, kLaneCount<V>>>(from)));
   }
@@ -57,18 +56,18 @@ struct DoubledBytes {
  private:
   template <class V>
   VX_LANE static V Doubled(uint64_t bytes) {
-    const auto v = As<Bytes<V>>(Quads<V>{bytes, 0});
+    const auto v = As<U8<V>>(U64<V>{bytes, 0});
     return As<V>(InterleaveLow(v, v));
   }
 };
 
-VX_INLINE bool OverlapsInPart(DoubledBytes plane, WordTarget to, int32_t rows, int32_t columns) {
+VX_INLINE bool OverlapsInPart(DoubledBytes plane, Target16 to, int32_t rows, int32_t columns) {
   return OverlapsInPart(RowPairs{AddressOf(plane.row) - AddressOf(to.row),
                                  int64_t{plane.stride} - to.stride, columns, 2 * int64_t{columns}},
                         rows);
 }
 
-// (v x 32768 + 127) / 255 of v = (257 v + 1) / 2: half of 257 v, rounded up.
+// (v x 32768 + 127) / 255 = (257 v + 1) / 2: half of 257 v, rounded up.
 struct ExpandDoubled {
   template <class V>
   VX_INLINE V operator()(V doubled) const {
@@ -79,11 +78,11 @@ struct ExpandDoubled {
 template <class Form>
 uint64_t RescaleWords(uint16_t* samples, uint32_t fromMaximum, uint32_t toMaximum, int32_t rows,
                       int32_t width, int32_t stride) {
-  const WordTarget plane{samples, stride & ~1};
+  const Target16 plane{samples, stride & ~1};
   if (fromMaximum == kFullRange && toMaximum == kHostRange)
-    BlendRows<Form>(rows, width, plane, FullToHost{});
+    ApplyToRows<Form>(rows, width, plane, FullToHost{});
   else if (fromMaximum == kHostRange && toMaximum == kFullRange)
-    BlendRows<Form>(rows, width, plane, HostToFull{});
+    ApplyToRows<Form>(rows, width, plane, HostToFull{});
   else
     return Call<RescaleWordsRoutine>(convertSuite.saved[kRescaleSlot])(
         samples, fromMaximum, toMaximum, rows, width, stride);
@@ -93,8 +92,8 @@ uint64_t RescaleWords(uint16_t* samples, uint32_t fromMaximum, uint32_t toMaximu
 template <class Form>
 void Expand8To16(const uint8_t* source, uint16_t* destination, int32_t rows, int32_t width,
                  int32_t sourceStride, int32_t destinationStride) {
-  BlendRows<Form>(rows, width, WordOutput{{destination, destinationStride & ~1}}, ExpandDoubled{},
-                  DoubledBytes{source, sourceStride});
+  ApplyToRows<Form>(rows, width, Output16{{destination, destinationStride & ~1}}, ExpandDoubled{},
+                    DoubledBytes{source, sourceStride});
 }
 
 }  // namespace vantrix

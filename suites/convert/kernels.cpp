@@ -8,8 +8,8 @@ namespace {
 
 template <class Form>
 constexpr Build kBuilds[] = {
-    {18, ButSsse3<Form>([]<class F>(F) { return Entry<Expand8To16<F>>; })},
-    {19, ButSsse3<Form>([]<class F>(F) { return Entry<RescaleWords<F>>; })},
+    {18, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<Expand8To16<F>>; })},
+    {19, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<RescaleWords<F>>; })},
 };
 
 }  // namespace

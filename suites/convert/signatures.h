@@ -1,8 +1,7 @@
 // The argument lists of the conversions.
 //
-// Rows, widths (in samples) and strides (in bytes) are signed 32-bit; a row count or
-// width below 1 does nothing. A stride of 16-bit samples is rounded down to an even
-// number of bytes.
+// Rows, widths (in samples) and strides (in bytes) are signed 32-bit. If rows or width are below 1,
+// nothing is done. The stride of 16-bit samples is rounded down to an even number of bytes.
 #pragma once
 
 #include <cstdint>

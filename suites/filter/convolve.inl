@@ -10,14 +10,14 @@ namespace vantrix {
 namespace {
 
 constexpr uint16_t kRoundingHalf = 128;
-// Output rows that are formed together, so that each source row is loaded and widened once
-// for all of them.
+// Output rows that are computed together: each source row
+// is loaded and widened once for all of them.
 constexpr int kRowsAtOnce = 4;
-// Windows of more rows than this have their weights spread over lanes as they are needed.
+// The weights of larger windows are not prepared, but spread over lanes when they are needed.
 constexpr intptr_t kPreparedTaps = 64;
 
-// Handed on by value throughout, as the weights are: what a function or a closure refers to is
-// loaded again in each block.
+// Passed by value everywhere, as the weights are: what is
+// passed by reference is loaded again in each block.
 struct WindowPlanes {
   const uint8_t* top;  // the first row of the first output row's window
   intptr_t sourceStride;
@@ -26,8 +26,8 @@ struct WindowPlanes {
   uint32_t rows;
   intptr_t columns;
 
-  // What is left behind so many rows.
-  VX_LANE WindowPlanes Behind(uint32_t done) const {
+  // The planes after the first `done` rows.
+  VX_LANE WindowPlanes After(uint32_t done) const {
     return {top + intptr_t{done} * sourceStride,
             sourceStride,
             destination + intptr_t{done} * destinationStride,
@@ -37,14 +37,14 @@ struct WindowPlanes {
   }
 };
 
-// The sums of kRows outputs of one block of samples V, in 16-bit lanes that wrap.
+// The sums of kRows output rows in one block V, in 16-bit lanes that wrap.
 template <class V, int kRows>
 struct WindowSums {
-  Words<V> low[kRows], high[kRows];
+  U16<V> low[kRows], high[kRows];
 
   VX_INLINE explicit WindowSums(uint16_t start) {
 #pragma GCC unroll 4
-    for (int j = 0; j < kRows; ++j) low[j] = high[j] = Fill<Words<V>>(start);
+    for (int j = 0; j < kRows; ++j) low[j] = high[j] = Fill<U16<V>>(start);
   }
   template <class Place>
   VX_INLINE void StoreTo(WindowPlanes planes, Place place) const {
@@ -55,7 +55,7 @@ struct WindowSums {
   }
 };
 
-// Weights by themselves: prepared in the lanes of a group, or spread one by one.
+// Single weights: prepared in the lanes of a group, or spread when they are needed.
 struct PreparedWeights {
   const Group<uint16_t>* groups;
   template <class W>
@@ -71,18 +71,18 @@ struct KernelWeights {
   }
 };
 
-// The number of taps: kKnown, or one that is only known when it runs.
+// The number of taps: kKnown, or, if that is 0, known only at run time.
 template <int kKnown>
-struct Taps {
+struct TapCount {
   intptr_t taps;
   VX_LANE intptr_t Count() const { return kKnown == 0 ? taps : kKnown; }
 };
 
-// Source rows one at a time: row i of the window takes part in output row j with weight
-// i - j. Right for any weights.
-template <class Taps, class Weights>
+// Takes source rows one at a time: row i of the window has
+// weight i - j in output row j. Right for any weights.
+template <class Count, class Weights>
 struct RowByRow {
-  Taps taps;
+  Count taps;
   Weights weights;
 
   template <int kRows, class Place>
@@ -93,17 +93,18 @@ struct RowByRow {
     const uint8_t* row = planes.top;
     const auto take = [&](intptr_t i, intptr_t first, intptr_t last) VX_INLINED {
       const V samples = place.LoadFrom(row);
-      const Words<V> low = WidenLow(samples), high = WidenHigh(samples);
+      const U16<V> low = WidenLow(samples), high = WidenHigh(samples);
 #pragma GCC unroll 4
       for (int j = 0; j < kRows; ++j) {
         if (j < first || j > last) continue;
-        const auto weight = weights.template In<Words<V>>(i - j);
+        const auto weight = weights.template In<U16<V>>(i - j);
         sums.low[j] += low * weight;
         sums.high[j] += high * weight;
       }
       row += planes.sourceStride;
     };
-    // Rows that some windows have not reached or have left, and between them those of all.
+    // First the rows that are not yet in all windows, then
+    // those in all, then those only in the last.
     intptr_t i = 0;
 #pragma GCC unroll 3
     for (; i < kRows - 1; ++i) take(i, i >= count ? i - count + 1 : 0, i);
@@ -114,13 +115,13 @@ struct RowByRow {
   }
 };
 
-// kRows rows at a time in the blocks of walk, while there are so many.
+// Computes kRows output rows at a time, while that many are left, in the blocks of `walk`.
 template <int kRows, class Walk, class Window>
 VX_INLINE void ConvolveBlocks(WindowPlanes planes, Walk walk, Window window) {
-  for (; planes.rows >= kRows; planes = planes.Behind(kRows))
+  for (; planes.rows >= kRows; planes = planes.After(kRows))
     walk.ForEach([=](auto place) VX_INLINED { window.template Convolve<kRows>(planes, place); });
 }
-// A single column is both ends of its row.
+// A single column is taken as both ends of its row.
 template <int kRows, class Window>
 VX_INLINE void ConvolveBlocks(WindowPlanes planes, Singly<uint8_t> column, Window window) {
   ConvolveBlocks<kRows>(planes, OnePlace<Ends<Group<uint8_t>, 1>>{{column.count}}, window);
@@ -131,11 +132,11 @@ VX_INLINE void ConvolveRows(WindowPlanes planes, Window window) {
       planes.columns, [=](auto walk) VX_INLINED { ConvolveBlocks<kRows>(planes, walk, window); });
 }
 
-// Calls work with Taps, known where they are a common number.
+// Calls work with the TapCount, known at compile time for common counts.
 template <class Work>
 VX_INLINE void WithTaps(intptr_t taps, Work work) {
   WithConstant<3, 7>(static_cast<int32_t>(taps),
-                     [=](auto known) VX_INLINED { work(Taps<known>{taps}); });
+                     [=](auto known) VX_INLINED { work(TapCount<known>{taps}); });
 }
 
 template <class Form>
@@ -143,24 +144,24 @@ VX_INLINE void ConvolveByRows(WindowPlanes planes, intptr_t taps, const uint32_t
   const auto convolve = [=](auto count, auto inLanes) VX_INLINED {
     ConvolveRows<Form, kRowsAtOnce>(planes,
                                     RowByRow<decltype(count), decltype(inLanes)>{count, inLanes});
-    ConvolveRows<Form, 1>(planes.Behind(planes.rows / kRowsAtOnce * kRowsAtOnce),
-                          RowByRow<Taps<0>, decltype(inLanes)>{{taps}, inLanes});
+    ConvolveRows<Form, 1>(planes.After(planes.rows / kRowsAtOnce * kRowsAtOnce),
+                          RowByRow<TapCount<0>, decltype(inLanes)>{{taps}, inLanes});
   };
   const KernelWeights kernel{weights};
-  if (taps > kPreparedTaps) return convolve(Taps<0>{taps}, kernel);
+  if (taps > kPreparedTaps) return convolve(TapCount<0>{taps}, kernel);
   Group<uint16_t> groups[kPreparedTaps];
   for (intptr_t k = 0; k < taps; ++k) groups[k] = kernel.In<Group<uint16_t>>(k);
   const PreparedWeights prepared{groups};
-  // Where rows are taken in pairs, those do most of the work, and known counts gain too little
-  // here for the code that they take.
+  // If the unit takes rows in pairs, most rows are taken there, and known counts gain too little
+  // here for the code that they need.
   if constexpr (kShuffles)
-    convolve(Taps<0>{taps}, prepared);
+    convolve(TapCount<0>{taps}, prepared);
   else
     WithTaps(taps, [=](auto count) VX_INLINED { convolve(count, prepared); });
 }
 
 VX_INLINE void ConvolveSingly(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
-  for (; planes.rows > 0; planes = planes.Behind(1)) {
+  for (; planes.rows > 0; planes = planes.After(1)) {
     for (intptr_t x = 0; x < planes.columns; ++x) {
       uint32_t sum = kRoundingHalf;
       for (intptr_t k = 0; k < taps; ++k)
@@ -172,21 +173,21 @@ VX_INLINE void ConvolveSingly(WindowPlanes planes, intptr_t taps, const uint32_t
 
 #if defined(__SSSE3__)
 
-// Source rows two at a time, their samples interleaved: one instruction multiplies two
-// samples by two weights. Samples less 128 are signed; what the sums lack for it is added
-// at the start. Right while a weight is at most 255 and two neighbours come to at most 256,
-// as those of a mean do.
+// Takes source rows two at a time, their samples interleaved: one instruction
+// multiplies two samples by two weights and adds the products. Samples minus 128
+// are signed; the sums start with what they lose by that. Right if no weight is
+// above 255 and no two neighbours add up to more than 256, as in a mean.
 //
-// An output row of even number among the four meets weights 2 q and 2 q + 1 in a pair of
-// rows, one of odd number weights 2 q - 1 and 2 q.
+// In a pair of source rows the even ones of the four output rows have weights 2 q and 2 q + 1, the
+// odd ones weights 2 q - 1 and 2 q.
 struct PairedWeights {
   uint16_t start;
   Group<uint16_t> even[kPreparedTaps / 2], odd[kPreparedTaps / 2];
 };
 
-template <class Taps>
+template <class Count>
 struct PairByPair {
-  Taps taps;
+  Count taps;
   const PairedWeights& weights;
 
   template <int kRows, class Place>
@@ -204,7 +205,7 @@ struct PairByPair {
         const intptr_t q = p - j / 2;
         if (j / 2 < firstPair || j / 2 > lastPair) continue;
         const auto& groups = j % 2 == 0 ? weights.even : weights.odd;
-        const auto pair = As<V>(InEveryGroup<Words<V>>(groups[q]));
+        const auto pair = As<V>(InEveryGroup<U16<V>>(groups[q]));
         sums.low[j] += MixedProductSums(pair, low);
         sums.high[j] += MixedProductSums(pair, high);
       }
@@ -218,7 +219,7 @@ struct PairByPair {
   }
 };
 
-// Whether the weights suit PairByPair; then they were prepared.
+// Prepares the weights for PairByPair. Returns false if they do not suit it.
 VX_INLINE bool PreparePairs(const uint32_t* weights, intptr_t taps, PairedWeights& pairs) {
   if (taps < 3 || taps > kPreparedTaps) return false;
   const auto weight = [=](intptr_t k) VX_INLINED -> uint32_t {
@@ -240,7 +241,8 @@ VX_INLINE bool PreparePairs(const uint32_t* weights, intptr_t taps, PairedWeight
   return true;
 }
 
-// As many rows as come together, if the weights suit; returns how many.
+// Computes the rows that can be taken kRowsAtOnce at a time, if the weights suit PairByPair.
+// Returns how many rows that were.
 template <class Form>
 VX_INLINE uint32_t ConvolveByPairs(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
   PairedWeights pairs;
@@ -254,8 +256,8 @@ VX_INLINE uint32_t ConvolveByPairs(WindowPlanes planes, intptr_t taps, const uin
 
 #endif
 
-// The planes come one by one, in registers: a structure would be stored in parts and loaded whole,
-// and the load would wait.
+// Takes the planes' numbers as separate arguments, in registers: the caller would store a structure
+// in parts, and a load of the whole waits for such stores.
 template <class Form>
 [[gnu::noinline]] void Convolve(const uint8_t* top, uint8_t* destination, uint32_t rows,
                                 intptr_t columns, intptr_t sourceStride, intptr_t destinationStride,
@@ -265,14 +267,14 @@ template <class Form>
     ConvolveSingly(planes, taps, weights);
   } else {
 #if defined(__SSSE3__)
-    planes = planes.Behind(ConvolveByPairs<Form>(planes, taps, weights));
+    planes = planes.After(ConvolveByPairs<Form>(planes, taps, weights));
 #endif
     if (planes.rows > 0) ConvolveByRows<Form>(planes, taps, weights);
   }
 }
 
-// Where planes overlap: chunks of columns, one after another, and in each of them rows that are
-// formed whole before they are stored.
+// For planes that overlap: takes one chunk of columns after another. Each row of a chunk is
+// computed whole before it is stored.
 constexpr intptr_t kChunk = 4096;
 template <class Form>
 void ConvolveRowByRow(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
@@ -280,7 +282,7 @@ void ConvolveRowByRow(WindowPlanes planes, intptr_t taps, const uint32_t* weight
   for (intptr_t x = 0; x < planes.columns; x += kChunk) {
     const intptr_t columns = planes.columns - x < kChunk ? planes.columns - x : kChunk;
     for (uint32_t y = 0; y < planes.rows; ++y) {
-      const WindowPlanes row = planes.Behind(y);
+      const WindowPlanes row = planes.After(y);
       Convolve<Form>(row.top + x, formed, 1, columns, row.sourceStride, 0, taps, weights);
       __builtin_memcpy(row.destination + x, formed, static_cast<size_t>(columns));
     }

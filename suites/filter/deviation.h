@@ -6,15 +6,15 @@
 
 namespace vantrix {
 
-// Of the 3 x 3 samples about each place, with their sum S and the sum of their squares Q,
-// writes the square root of (9 Q - S^2) / 21, quotient and root rounded down: about 1.96 times
-// their standard deviation, 248 at most.
+// With S the sum of the 3 x 3 samples around a sample, and Q the sum of their squares, writes the
+// square root of (9 Q - S^2) / 21, quotient and root rounded down. That is about 1.96 times their
+// standard deviation, and at most 248.
 //
-// Reads one sample beyond the source's rows and columns on every side. Calls the host's
-// polling service once, first of all; its answer is returned. Rows or columns below 1 touch
-// no memory.
+// Reads one sample beyond the source's rows and columns on every side.
+// Calls the host's polling service once, before anything else, and returns
+// its result. If rows or columns are below 1, no memory is touched.
 //
-// The planes may overlap: rows are taken in order. Of each, columns are read from the left, and
+// The planes may overlap: rows are taken in order. In each row columns are read from the left, and
 // sample x is written when column x + 1 has been read.
 template <class Form>
 DeviationRoutine FilterLocalDeviation8;

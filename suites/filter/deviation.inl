@@ -2,18 +2,18 @@
 #pragma once
 
 #include "common/overlap.h"
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/filter/deviation.h"
 #include "suites/filter/root.h"
 
 namespace vantrix {
 namespace {
 
-// A strip of columns is walked downwards with the sums of its rows in registers. After so many
-// rows the next strip takes its turn, so that their lines are still near.
+// A strip of columns is walked downwards, with the sums of its rows in registers. After this many
+// rows the next strip is taken, while the rows' cache lines are still near.
 constexpr int32_t kRowsTogether = 32;
 
-// A strip is a place of 16-bit lanes: half a register of samples, or the two ends of a row.
+// A strip is a place of 16-bit lanes: half a register of samples, or the two ends of a short row.
 template <class W>
 VX_LANE W LoadWidened(Block<W> strip, const uint8_t* row) {
   return WidenHalf(Load<Lanes<uint8_t, kLaneCount<W>>>(row + strip.x));
@@ -24,15 +24,15 @@ VX_LANE void StoreNarrowed(Block<W> strip, uint8_t* row, W results) {
 }
 template <class W, int kBytes>
 VX_LANE W LoadWidened(Ends<W, kBytes> strip, const uint8_t* row) {
-  return WidenLow(LoadEnds<Bytes<W>, kBytes / 2>(row, strip.count));
+  return WidenLow(LoadEnds<U8<W>, kBytes / 2>(row, strip.count));
 }
 template <class W, int kBytes>
 VX_LANE void StoreNarrowed(Ends<W, kBytes> strip, uint8_t* row, W results) {
   StoreEnds<kBytes / 2>(row, strip.count, Narrow(results, results));
 }
 
-// Of a strip's neighbourhoods the even and the odd ones, in 32-bit lanes I each: the sum of
-// their samples and of their squares.
+// Sums of samples and of their squares over neighbourhoods, those of even and those of odd columns
+// in 32-bit lanes of their own.
 template <class I>
 struct Moments {
   I evenSum, oddSum, evenSquares, oddSquares;
@@ -43,17 +43,17 @@ struct Moments {
   }
 };
 
-// Of one row, the strip's samples and one more on either side. Seen as 32-bit lanes, words from
-// s[0] on are the pairs s[2 k], s[2 k + 1] that an even and an odd neighbourhood share; the even
-// one adds s[2 k - 1], a low word from s[-1] on, and the odd one s[2 k + 2], a high word from
-// s[1] on.
+// Sums one row over three columns. As 32-bit lanes, 16-bit samples from s[0]
+// on are the pairs s[2 k], s[2 k + 1], which an even and an odd neighbourhood
+// share. The even one adds s[2 k - 1], the low half of a lane from s[-1] on;
+// the odd one adds s[2 k + 2], the high half of a lane from s[1] on.
 template <class Strip>
 VX_INLINE auto SumRow(Strip strip, const uint8_t* row) {
   using W = typename Strip::Register;
-  using I = Ints<W>;
+  using I = I32<W>;
   const W pairs = LoadWidened(strip, row), ones = Fill<W>(1);
   const I before = As<I>(LoadWidened(strip, row - 1)) & 0xFFFF;
-  const I after = As<I>(As<Sums<W>>(LoadWidened(strip, row + 1)) >> 16);
+  const I after = As<I>(As<U32<W>>(LoadWidened(strip, row + 1)) >> 16);
   const auto products = [](auto a, auto b)
                             VX_INLINED { return As<I>(ProductSums(As<W>(a), As<W>(b))); };
   const auto square = [=](I v) VX_INLINED { return products(v, v); };
@@ -63,7 +63,7 @@ VX_INLINE auto SumRow(Strip strip, const uint8_t* row) {
 
 template <class I>
 VX_INLINE I Deviation(I sum, I squares) {
-  const auto squareOfSum = As<I>(ProductSums(As<Words<I>>(sum), As<Words<I>>(sum)));
+  const auto squareOfSum = As<I>(ProductSums(As<U16<I>>(sum), As<U16<I>>(sum)));
   return RootOfTwentyFirst((squares << 3) + squares - squareOfSum);
 }
 
@@ -97,11 +97,11 @@ VX_INLINE void DeviateStrips(Walk walk, const uint8_t* source, uint8_t* destinat
   }
 }
 
-// A column's three samples.
-struct ColumnSums {
+// Sums over a column's three samples.
+struct ColumnMoments {
   int32_t sum, squares;
 
-  VX_INLINE ColumnSums(const uint8_t* at, intptr_t stride) {
+  VX_INLINE ColumnMoments(const uint8_t* at, intptr_t stride) {
     const int32_t a = at[-stride], b = at[0], c = at[stride];
     sum = a + b + c;
     squares = a * a + b * b + c * c;
@@ -111,9 +111,9 @@ struct ColumnSums {
 VX_INLINE void DeviateStrips(Singly<uint16_t> columns, const uint8_t* source, uint8_t* destination,
                              int32_t rows, intptr_t sourceStride, intptr_t destinationStride) {
   for (; rows > 0; --rows) {
-    ColumnSums left(source - 1, sourceStride), middle(source, sourceStride);
+    ColumnMoments left(source - 1, sourceStride), middle(source, sourceStride);
     for (intptr_t x = 0; x < columns.count; ++x) {
-      const ColumnSums right(source + x + 1, sourceStride);
+      const ColumnMoments right(source + x + 1, sourceStride);
       const int32_t sum = left.sum + middle.sum + right.sum;
       const int32_t d = 9 * (left.squares + middle.squares + right.squares) - sum * sum;
       const int32_t quotient = d / 21;
@@ -131,8 +131,8 @@ VX_INLINE void DeviateStrips(Singly<uint16_t> columns, const uint8_t* source, ui
 template <class Form>
 int64_t FilterLocalDeviation8(const uint8_t* source, uint8_t* destination, int32_t rows,
                               int32_t columns, int32_t sourceStride, int32_t destinationStride) {
-  const int64_t answer = Call<HostPoll>(coreSuite.live[kHostPoll])();
-  if (rows < 1 || columns < 1) return answer;
+  const int64_t polled = Call<HostPoll>(coreSuite.live[kHostPoll])();
+  if (rows < 1 || columns < 1) return polled;
   const auto deviate = [=](auto walk) VX_INLINED {
     DeviateStrips(walk, source, destination, rows, sourceStride, destinationStride);
   };
@@ -144,7 +144,7 @@ int64_t FilterLocalDeviation8(const uint8_t* source, uint8_t* destination, int32
     deviate(Singly<uint16_t>{columns});
   else
     WithTaperedBlocks<Form, uint16_t>(columns, deviate);
-  return answer;
+  return polled;
 }
 
 }  // namespace vantrix

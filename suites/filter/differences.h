@@ -6,14 +6,14 @@
 
 namespace vantrix {
 
-// The sum of |a - b| over the 128 bytes, at most 32640.
+// Returns the sum of |a - b| over the 128 bytes, at most 32640.
 template <class Form>
-uint32_t FilterBlockSAD128(const uint8_t* a, const uint8_t* b);
+BlockSADRoutine FilterBlockSAD128;
 
-// The sum of |x - y| over the 128 bytes, of x = ~direction & max(a - b, 0) and
-// y = direction & max(b - a, 0): a direction of 0 counts where a exceeds b, one of 255 where
-// b exceeds a; any other mixes the bits of the two.
+// Returns the sum of |x - y| over the 128 bytes, with x = ~direction & max(a - b, 0) and
+// y = direction & max(b - a, 0). A direction of 0 counts by how much a exceeds b, a direction of
+// 255 by how much b exceeds a. Any other direction mixes bits of both.
 template <class Form>
-uint32_t FilterBlockSignedSAD128(const uint8_t* a, const uint8_t* b, const uint8_t* direction);
+BlockSignedSADRoutine FilterBlockSignedSAD128;
 
 }  // namespace vantrix

@@ -17,7 +17,7 @@ VX_INLINE uint32_t SumOfLanes(V sums) {
     return static_cast<uint32_t>(sums[0] + sums[1]);
 }
 
-// The sum of difference(x) over the registers V of a block.
+// Adds up difference(x) over the registers V of a block.
 template <class V, class Difference>
 VX_INLINE uint32_t SumOverBlock(Difference difference) {
   auto sums = difference(0);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/overlap.h"
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/filter/float_blocks.h"
 #include "suites/kernels.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kPhases = 4;
 
-// Four outputs a step, each the terms of its row one after another.
+// Four outputs a step, each with its terms added in order.
 template <int kSpan>
 VX_INLINE void TakeSteps(const float* matrix, uint32_t steps, const float* input, float* output) {
   for (; steps > 0; --steps, input += kPhases, output += kPhases) {
@@ -23,29 +23,29 @@ VX_INLINE void TakeSteps(const float* matrix, uint32_t steps, const float* input
   }
 }
 
-// The columns of the matrix, four phases in every group of V.
+// The columns of the matrix, the four phases of each in every group of V.
 template <class V, int kSpan>
-struct Columns {
+struct MatrixColumns {
   V column[kSpan];
 
-  VX_INLINE explicit Columns(const float* matrix) {
+  VX_INLINE explicit MatrixColumns(const float* matrix) {
 #pragma GCC unroll 20
     for (int j = 0; j < kSpan; ++j)
       column[j] = InEveryGroup<V>(
           Group<float>{matrix[j], matrix[kSpan + j], matrix[2 * kSpan + j], matrix[3 * kSpan + j]});
   }
   template <class Wide>
-  VX_INLINE explicit Columns(const Columns<Wide, kSpan>& wide) {
+  VX_INLINE explicit MatrixColumns(const MatrixColumns<Wide, kSpan>& wide) {
 #pragma GCC unroll 20
     for (int j = 0; j < kSpan; ++j) column[j] = Half<0>(wide.column[j]);
   }
 };
 
-// The four outputs of a step as the lanes of a group, which add in the same order. The groups
-// of a register are steps that follow one another, and so are their inputs in memory; what is
-// left of them is taken in narrower registers.
+// The four outputs of a step are the lanes of a group, whose terms are added in the same order. The
+// groups of a register are consecutive steps, whose inputs are consecutive in memory. The tail is
+// taken in narrower registers.
 template <class V, int kSpan>
-VX_INLINE void TakeSteps(const Columns<V, kSpan>& matrix, uint32_t steps, const float* input,
+VX_INLINE void TakeSteps(const MatrixColumns<V, kSpan>& matrix, uint32_t steps, const float* input,
                          float* output) {
   constexpr int kFloats = kLaneCount<V>, kAtOnce = kFloats / kPhases;
   for (; steps >= kAtOnce; steps -= kAtOnce, input += kFloats, output += kFloats) {
@@ -61,10 +61,10 @@ VX_INLINE void TakeSteps(const Columns<V, kSpan>& matrix, uint32_t steps, const 
     Store(output, sum);
   }
   if constexpr (kAtOnce > 1)
-    TakeSteps(Columns<decltype(Half<0>(V{})), kSpan>(matrix), steps, input, output);
+    TakeSteps(MatrixColumns<decltype(Half<0>(V{})), kSpan>(matrix), steps, input, output);
 }
 
-// kHandsOver: whether the host's routine takes the rest of the run.
+// kHandsOver: whether the host's routine takes the rest of the inputs.
 template <int kSpan, uint16_t kSlot, bool kHandsOver, class Form>
 VX_INLINE void Slide(const float* input, uint32_t count, const float* matrix, uintptr_t fourth,
                      uintptr_t fifth, float* output) {
@@ -79,7 +79,7 @@ VX_INLINE void Slide(const float* input, uint32_t count, const float* matrix, ui
         Overlap({matrix, 0, 1, 4 * kPhases * kSpan}, outputs))
       return Call<FloatBlockRoutine>(FindBuild(FilterKernels::In<Scalar>(), kSlot)())(
           input, count, matrix, fourth, fifth, output);
-    TakeSteps(Columns<Register<float, Form>, kSpan>(matrix), steps, input, output);
+    TakeSteps(MatrixColumns<Register<float, Form>, kSpan>(matrix), steps, input, output);
   }
   if constexpr (kHandsOver) {
     const intptr_t done = kPhases * intptr_t{steps};

@@ -11,15 +11,15 @@ namespace {
 
 template <class Form>
 constexpr Build kBuilds[] = {
-    {12, ButSsse3<Form>([]<class F>(F) { return Entry<FilterLocalDeviation8<F>>; })},
+    {12, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<FilterLocalDeviation8<F>>; })},
     {28, Entry<FilterConvolveVertical8<Form>>},
     // Blocks lie at multiples of 16, where most loads of 64 bytes cross a line of the cache.
-    {188, UpTo<Form, 32>([]<class F>(F) { return Entry<FilterBlockSAD128<F>>; })},
-    {189, UpTo<Form, 32>([]<class F>(F) { return Entry<FilterBlockSignedSAD128<F>>; })},
-    {191, ButSsse3<Form>([]<class F>(F) { return Entry<FilterFloatBlock8<F>>; })},
-    {192, ButSsse3<Form>([]<class F>(F) { return Entry<FilterFloatBlock12<F>>; })},
-    {193, ButSsse3<Form>([]<class F>(F) { return Entry<FilterFloatBlock16<F>>; })},
-    {194, ButSsse3<Form>([]<class F>(F) { return Entry<FilterFloatBlock20<F>>; })},
+    {188, AtMost<Form, 32>([]<class F>(F) { return Entry<FilterBlockSAD128<F>>; })},
+    {189, AtMost<Form, 32>([]<class F>(F) { return Entry<FilterBlockSignedSAD128<F>>; })},
+    {191, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<FilterFloatBlock8<F>>; })},
+    {192, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<FilterFloatBlock12<F>>; })},
+    {193, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<FilterFloatBlock16<F>>; })},
+    {194, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<FilterFloatBlock20<F>>; })},
 };
 
 }  // namespace

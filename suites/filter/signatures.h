@@ -6,16 +6,16 @@
 
 namespace vantrix {
 
-// Blocks are 128 consecutive bytes, aligned to 16. The sum stands in the low 16 bits.
+// Blocks are 128 consecutive bytes, aligned to 16. The sum is in the low 16 bits of the result.
 using BlockSADRoutine = uint32_t(const uint8_t* a, const uint8_t* b);
 using BlockSignedSADRoutine = uint32_t(const uint8_t* a, const uint8_t* b,
                                        const uint8_t* direction);
 
-// count is in floats. The fourth and the fifth argument are the host's.
+// count is in floats. The fourth and the fifth argument mean something only to the host.
 using FloatBlockRoutine = void(const float* input, uint32_t count, const float* matrix,
                                uintptr_t fourth, uintptr_t fifth, float* output);
 
-// The host's record of a window: 2 radius + 1 weights, of which the low 16 bits count.
+// The host's record of a window: 2 radius + 1 weights. Only their low 16 bits count.
 struct ConvolutionKernel {
   uint8_t hosts[80];  // not read
   int32_t radius;

@@ -7,16 +7,16 @@
 
 namespace vantrix {
 
-// Copies `bytes` bytes; below 1, nothing. Source and destination may overlap in any
-// way: the result is as if all had been read first. No alignment is asked for.
+// Copies `bytes` bytes; none if that is below 1. Source and destination may overlap in any way: the
+// result is as if all bytes had been read first. No alignment is needed.
 //
-// Sse2 copies long runs by registers, any other form by the runtime's routine.
+// Sse2 copies long runs in registers, any other form by the C library's routine.
 template <class Form>
 CopyBytesRoutine CopyBytes;
 
-// Copies `rows` rows of `rowBytes` bytes, strides in bytes; nothing where a count is
-// below 1 or source and destination are one. Rows are copied in order, each as
-// kCopyBytes does; rows that follow one another in both planes are one run.
+// Copies `rows` rows of `rowBytes` bytes; none if a count is below 1 or source and destination are
+// the same. Strides are in bytes. Rows are copied in order, each by kCopyBytes; rows that are
+// contiguous in both planes are one run.
 template <CopyBytesRoutine& kCopyBytes>
 void CopyRect(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t rowBytes,
               int32_t sourceStride, int32_t destinationStride) {

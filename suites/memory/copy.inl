@@ -9,8 +9,8 @@
 namespace vantrix {
 namespace {
 
-// Up to here a copy is a few registers, all loaded before the first is stored, so
-// that the runs may overlap.
+// Up to this length a copy is a few registers, all loaded before the first is stored, so that
+// source and destination may overlap.
 constexpr intptr_t kShort = 64;
 using Piece = Lanes<uint8_t, 16>;
 
@@ -19,7 +19,7 @@ VX_INLINE void CopyEnds(const uint8_t* source, uint8_t* destination, intptr_t co
   StoreEnds<kHalf>(destination, count, LoadEnds<Piece, kHalf>(source, count));
 }
 
-// The first kRegisters and the last kRegisters registers; they may overlap.
+// Copies the first kRegisters and the last kRegisters registers, which may overlap.
 template <int kRegisters>
 VX_INLINE void CopyRegisters(const uint8_t* source, uint8_t* destination, intptr_t count) {
   Piece first[kRegisters], last[kRegisters];
@@ -57,14 +57,13 @@ void CopyBytes(const uint8_t* source, uint8_t* destination, int32_t bytes) {
   if (count <= kShort) return CopyShort(source, destination, count);
   const auto length = static_cast<uintptr_t>(bytes);
   const auto ahead = reinterpret_cast<uintptr_t>(destination) - reinterpret_cast<uintptr_t>(source);
-  // The runtime's copy chooses the widest code for the processor, and moves overlapping
-  // bytes as well.
+  // The C library's copy chooses the widest code for the
+  // processor, and takes overlapping bytes too.
   if (!std::is_same_v<Form, Sse2> || count < 128 || ahead < length || -ahead < length) {
     std::memmove(destination, source, length);
     return;
   }
-  // The blocks start at a boundary of the destination. The first and the last bytes
-  // are registers that the blocks overlap.
+  // Blocks start at a boundary of the destination. The first and the last register overlap them.
   using V = Register<uint8_t, Form>;
   constexpr intptr_t kBytes = sizeof(V);
   const V last = Load<V>(source + count - kBytes);

@@ -7,12 +7,12 @@
 
 namespace vantrix {
 
-// 1 if each of `bytes` bytes equals the low byte of value, else 0; below 1 byte, 1.
+// Returns 1 if all of `bytes` bytes equal the low byte of value, else 0. Below 1 byte returns 1.
 template <class Form>
 BytesAllEqualRoutine BytesAllEqual;
 
-// The same of `rows` rows of `width` bytes, stride in bytes; 1 where a count is
-// below 1. Rows that follow one another are one run; ends at the first that fails.
+// The same for `rows` rows of `width` bytes, stride in bytes; returns 1 if a count is below 1.
+// Contiguous rows are one run. Returns at the first run with another byte.
 template <BytesAllEqualRoutine& kBytesAllEqual>
 uint32_t RectAllEqual(const uint8_t* pointer, int32_t rows, int32_t width, int32_t stride,
                       uint32_t value) {

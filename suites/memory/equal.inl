@@ -16,7 +16,7 @@ VX_INLINE bool BlockIsEqual(const uint8_t* at, V value) {
   return AllSet(differing == 0);
 }
 
-// A test a block; the last block reaches back over the one before.
+// Tests one block of kRegisters registers a turn. The last block reaches back over the one before.
 template <class V, int kRegisters>
 VX_INLINE bool BlocksAreEqual(const uint8_t* at, intptr_t count, uint8_t value) {
   constexpr intptr_t kBytes = kRegisters * sizeof(V);
@@ -26,7 +26,7 @@ VX_INLINE bool BlocksAreEqual(const uint8_t* at, intptr_t count, uint8_t value) 
   return BlockIsEqual<V, kRegisters>(at + count - kBytes, wanted);
 }
 
-// The first and the last bytes of fewer than 16, as two numbers.
+// Tests fewer than 16 bytes: the first and the last of them as two numbers.
 template <class Number>
 VX_INLINE bool EndsAreEqual(const uint8_t* at, intptr_t count, uint8_t value) {
   Number first, last;

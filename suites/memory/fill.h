@@ -7,17 +7,17 @@
 
 namespace vantrix {
 
-// Sets `bytes` bytes to the low byte of value; below 1, nothing.
+// Sets `bytes` bytes to the low byte of value; none if that is below 1.
 template <class Form>
 FillBytesRoutine FillBytes;
 
-// Sets `count` 16-bit values to the low half of value; below 1, nothing. No
-// alignment is asked for, not even to 2.
+// Sets `count` 16-bit values to the low half of value; none if that is below 1. No alignment is
+// needed, not even to 2.
 template <class Form>
 FillWordsRoutine FillWords;
 
-// `rows` rows of `width` bytes, stride in bytes; nothing where a count is below 1.
-// Rows that follow one another are one run.
+// Fills `rows` rows of `width` bytes, stride in bytes; none
+// if a count is below 1. Contiguous rows are one run.
 template <FillBytesRoutine& kFillBytes>
 void FillRect(uint8_t* destination, int32_t rows, int32_t width, int32_t stride, uint32_t value) {
   ForEachRun(rows, width, stride == width, [=](intptr_t row, int32_t bytes) {
@@ -26,8 +26,7 @@ void FillRect(uint8_t* destination, int32_t rows, int32_t width, int32_t stride,
   });
 }
 
-// `rows` rows of `width` 16-bit values, stride in bytes; an odd stride never makes
-// one run.
+// The same for 16-bit values. With an odd stride, which is in bytes, rows are never one run.
 template <FillWordsRoutine& kFillWords>
 void FillWordRect(uint16_t* destination, int32_t rows, int32_t width, int32_t stride,
                   uint32_t value) {

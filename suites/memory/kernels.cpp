@@ -17,8 +17,8 @@ constexpr Build kBuilds[] = {
     {17, OnlyIn<Form, Sse2, Avx2>([]<class F>(F) { return Entry<BytesAllEqual<F>>; })},
     {18,
      OnlyIn<Form, Sse2, Avx2>([]<class F>(F) { return Entry<RectAllEqual<BytesAllEqual<F>>>; })},
-    {65, From<Form, 16>([]<class F>(F) { return Entry<FillWords<F>>; })},
-    {66, From<Form, 16>([]<class F>(F) { return Entry<FillWordRect<FillWords<F>>>; })},
+    {65, AtLeast<Form, 16>([]<class F>(F) { return Entry<FillWords<F>>; })},
+    {66, AtLeast<Form, 16>([]<class F>(F) { return Entry<FillWordRect<FillWords<F>>>; })},
 };
 
 }  // namespace

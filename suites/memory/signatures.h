@@ -1,8 +1,8 @@
 // The argument lists of the memory routines.
 //
-// Counts and strides are signed 32-bit; a count below 1 touches no memory. A stride is
-// in bytes from a row to the next. No alignment is asked for, not even of 16-bit
-// values. Of a value the low byte, or for words the low half, counts.
+// Counts and strides are signed 32-bit. A count below 1 touches no memory. A stride is in bytes
+// from a row to the next. No alignment is needed, not even for 16-bit values. Of a value only the
+// low byte counts, or the low half for 16-bit fills.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ using FillWordsRoutine = void(uint16_t* destination, int32_t count, uint32_t val
 using FillWordRectRoutine = void(uint16_t* destination, int32_t rows, int32_t width, int32_t stride,
                                  uint32_t value);
 
-// The answer is 1 or 0.
+// The result is 1 or 0.
 using BytesAllEqualRoutine = uint32_t(const uint8_t* pointer, int32_t bytes, uint32_t value);
 using RectAllEqualRoutine = uint32_t(const uint8_t* pointer, int32_t rows, int32_t width,
                                      int32_t stride, uint32_t value);

@@ -1,7 +1,7 @@
 // The slots of suite memo that the plug-in writes.
 #pragma once
 
-#include "plugin/slots.h"
+#include "plugin/base/slots.h"
 
 namespace vantrix {
 

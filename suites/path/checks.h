@@ -1,12 +1,23 @@
-// What the two forms of the fold check. They differ in nothing else.
+// What the plain and the checked routine check. They differ in nothing else.
 #pragma once
+
+#include <concepts>
 
 #include "suites/path/debug.h"
 #include "suites/path/fill_array.h"
 
 namespace vantrix {
 
-// The plain form: every condition is passed on, and what it says is compiled away.
+// What a row's fold asks of its checks. Require returns the condition.
+template <class T>
+concept FillChecks = requires(const T& checks, bool holds, const char* message, int32_t line) {
+  { T::Require(holds, message, line) } -> std::same_as<bool>;
+  checks.Validate(line);
+  checks.VerifyGuards(line);
+  { checks.GuardWords() } -> std::same_as<uint32_t>;
+};
+
+// The plain routine's: nothing is reported, and messages are compiled away.
 struct NoChecks {
   const FillArray* array;
 
@@ -16,11 +27,11 @@ struct NoChecks {
   static constexpr uint32_t GuardWords() { return 0; }
 };
 
-// The form for hosts that debug their paths.
+// The checked routine's, for hosts that debug their paths.
 struct DebugChecks {
   const FillArray* array;
 
-  // Answers the condition; reports where it does not hold.
+  // Reports a condition that does not hold.
   static bool Require(bool holds, const char* message, int32_t line) {
     if (!holds && PathDebugEnabled) ReportPath(message, kPathSourceFile, line, kDebugCheck);
     return holds;
@@ -31,7 +42,7 @@ struct DebugChecks {
   void VerifyGuards(int32_t line) const {
     if (PathDebugGuardValue != 0) VerifyPathFillArray(array, kPathSourceFile, line);
   }
-  // Between the rows and the calc buffer.
+  // How many guard words are between the rows and the calc buffer.
   static uint32_t GuardWords() { return PathDebugGuardValue != 0; }
 };
 

@@ -1,5 +1,5 @@
-// From a row's sorted crossings to the boundaries of the new shape. Each step works in
-// place and answers how many words the list has then; those behind them stay.
+// The steps from a row's sorted crossings to the boundaries of the new shape. Each works in place
+// and returns how many words the list then has; words after them stay as they are.
 #pragma once
 
 #include "common/lane_ops.h"
@@ -7,15 +7,15 @@
 
 namespace vantrix {
 
-// None: positions have 31 bits.
+// No position: they have 31 bits.
 inline constexpr uint32_t kNoPosition = 0xFFFFFFFF;
 
 struct Positions {
   size_t count;
-  bool repeat;  // whether some are equal
+  bool repeat;  // whether neighbours are equal
 };
 
-// By the non-zero rule: the positions at which the winding number leaves or reaches 0.
+// The non-zero rule: keeps the positions at which the winding number leaves or reaches 0.
 VX_INLINE Positions ResolveByWinding(uint32_t* list, size_t count) {
   uint32_t winding = 0, previous = kNoPosition;
   bool isInside = false, repeat = false;
@@ -32,7 +32,7 @@ VX_INLINE Positions ResolveByWinding(uint32_t* list, size_t count) {
   return {kept, repeat};
 }
 
-// By the even-odd rule: all positions.
+// The even-odd rule: keeps all positions.
 VX_INLINE Positions ResolveByParity(uint32_t* list, size_t count) {
   uint32_t previous = kNoPosition;
   bool repeat = false;
@@ -45,7 +45,7 @@ VX_INLINE Positions ResolveByParity(uint32_t* list, size_t count) {
   return {count, repeat};
 }
 
-// Of each run of equal positions one stays where the run is odd, none where it is even.
+// Keeps one position of each run of equal ones that is odd in length, none of a run that is even.
 inline size_t CancelEqual(uint32_t* list, size_t count) {
   size_t kept = 0;
   for (size_t i = 0; i < count;) {

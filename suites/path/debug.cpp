@@ -1,6 +1,6 @@
 #include "suites/path/debug.h"
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 
 namespace vantrix {
 

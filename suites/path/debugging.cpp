@@ -1,7 +1,7 @@
 #include "suites/path/debugging.h"
 
-#include "plugin/builds.h"
-#include "plugin/suites.h"
+#include "plugin/base/builds.h"
+#include "plugin/base/suites.h"
 #include "suites/kernels.h"
 #include "suites/path/debug.h"
 #include "suites/path/fill_array.h"
@@ -17,8 +17,8 @@ struct Answer {
   bool isRecognized;
 };
 
-// The host's signature signs this query; the search for a suite signs with the
-// plug-in's kind.
+// This query is signed with the host's signature; the query
+// for a suite is signed with the plug-in's kind.
 Answer Ask(uint32_t selector) {
   uint64_t value = 0;
   const auto query = Call<HostCapabilityQuery>(coreSuite.live[kHostCapabilityQuery]);
@@ -28,8 +28,8 @@ Answer Ask(uint32_t selector) {
 
 }  // namespace
 
-// A host may write an answer and still say that it does not know the question:
-// that is reported, and the answer is used.
+// A host may write an answer and still return that it does not know the question. That is reported,
+// and the answer is used.
 void AskForPathDebugging() {
   const Answer enabled = Ask(Code("pdbg"));
   const Answer guard = Ask(Code("pdgv"));
@@ -43,8 +43,8 @@ void AskForPathDebugging() {
   if (!guard.isRecognized)
     ReportPath("Path debug guard value gestalt, 'pdgv' not recognized", kPathSourceFile, 287,
                kDebugCheck);
-  // Inclusive: all ones is reported although it fits. A set top bit counts as
-  // negative and is not.
+  // Inclusive: all ones in 32 bits is reported although it fits. An answer whose top bit is set
+  // counts as negative and is not reported.
   if (static_cast<int64_t>(guard.value) >= 4294967295)
     ReportPath("Path debug guard value is bigger than expected", kPathSourceFile, 288, kDebugCheck);
 }

@@ -1,14 +1,14 @@
-// What the host wants of path debugging, asked at start-up.
+// Path debugging at start-up: what the host wants.
 #pragma once
 
 namespace vantrix {
 
-// Asks the host whether path debugging is on and with which guard value, and reports
-// answers that do not fit together.
+// Asks the host whether path debugging is on and with which guard value, and reports answers that
+// contradict one another.
 void AskForPathDebugging();
 
-// Puts the checked fold into its slot where path debugging is on. Which one serves depends on
-// the host alone, not on the processor.
+// Writes the checked routine into its slot if path debugging
+// is on. That depends on the host alone, not on the processor.
 void InstallPathChecks();
 
 }  // namespace vantrix

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/memory/signatures.h"
 #include "suites/path/checks.h"
 #include "suites/path/crossings.h"
@@ -16,8 +16,8 @@ namespace {
 constexpr int kCopyBytesSlot = 0;
 constexpr size_t kMostWords = 0xFFFFFFFF;
 
-// A count that no row has room for is reported, by either form, and taken as the even
-// number at or below the room.
+// A count above a row's capacity is reported, by both
+// routines, and taken as the largest even number that fits.
 VX_INLINE size_t Bounded(size_t count, uint32_t capacity, const char* message, int32_t line) {
   if (count <= capacity) [[likely]]
     return count;
@@ -25,9 +25,9 @@ VX_INLINE size_t Bounded(size_t count, uint32_t capacity, const char* message, i
   return capacity & ~1u;
 }
 
-// One row that has pending entries. Some of the checks hold by what was done just
-// before; they stand for those who change it.
-template <class Checks>
+// Folds one row that has pending entries. Some checks always hold after the step before them; they
+// are there for whoever changes that step.
+template <FillChecks Checks>
 VX_INLINE void FoldRow(uint32_t* row, uint32_t rowStride, uint32_t operation,
                        uint32_t nonZeroWinding, uint32_t* calc, const Checks& checks) {
   const uint32_t capacity = rowStride - 2;
@@ -73,7 +73,7 @@ VX_INLINE void FoldRow(uint32_t* row, uint32_t rowStride, uint32_t operation,
   checks.VerifyGuards(932);
 }
 
-template <class Checks>
+template <FillChecks Checks>
 VX_INLINE void Apply(FillArray* array, uint32_t operation, uint32_t nonZeroWinding) {
   const Checks checks{array};
   checks.Require(operation < kKeepSettled,

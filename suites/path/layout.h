@@ -5,7 +5,7 @@
 
 namespace vantrix {
 
-// Below 1 where there are none. A difference that does not fit 32 bits is taken in full.
+// Below 1 if there are none. A difference that does not fit in 32 bits is taken in full.
 inline int64_t RowCount(const FillArray& array) { return int64_t{array.endRow} - array.firstRow; }
 
 inline uint32_t* FirstRow(FillArray* array) { return reinterpret_cast<uint32_t*>(array + 1); }

@@ -4,20 +4,21 @@
 #include <iterator>
 
 #include "common/choose.h"
+#include "suites/path/checks.h"
 #include "suites/path/signatures.h"
 
 namespace vantrix {
 
-// Where the merge stands: inside the new shape, inside the old spans. A value from a
-// list toggles the list's bit.
+// The state of the merge: inside the new shape, inside the
+// old spans. A value from a list toggles the list's bit.
 enum MergeState : uint32_t { kInNew = 1, kInOld = 2 };
 
-// For each operation whether a state is covered: bit s for state s. The last line, to
-// keep what the row held, is that of every other code.
+// For each operation which states are covered: bit s for state s. The last one, which keeps what
+// the row held, is for every other code.
 inline constexpr uint8_t kCoveredStates[] = {0b1110, 0b0100, 0b1000, 0b0110, 0b1100};
 inline constexpr uint32_t kKeepSettled = std::size(kCoveredStates) - 1;
 
-// The same as the changes of coverage: bit 4 x state + toggle.
+// The same as changes of coverage: bit 4 x state + toggle is set if coverage changes.
 struct CoverageChanges {
   uint16_t of[std::size(kCoveredStates)];
 };
@@ -37,20 +38,20 @@ struct Boundaries {
   size_t count;
 };
 
-// Writes the values at which coverage changes to `to`, at most `capacity`, and answers
-// how many they are. The smaller head is taken, as unsigned numbers; equal heads are one
-// value that toggles both bits. When one list is used up, the rest of the other follows.
-// A value that finds no room is lost, though state and coverage go on as if it had been
-// written; the walk then turns to the rest of the settled list, and then of the added one.
+// Writes the values at which coverage changes to `to`, at most `capacity`, and returns their
+// number. The smaller head, as unsigned numbers, is taken; equal heads are one value that toggles
+// both bits. When one list is used up, the rest of the other follows. A value that does not fit is
+// lost, but state and coverage go on as if it had been written. The walk then goes to the rest of
+// the settled list, and then to the rest of the added one.
 //
-// kFits: both counts together are at most the capacity. The word behind a list may be
-// read, and a word behind the result, within the capacity, be written.
-template <bool kFits, class Checks>
+// kFits: the two counts together are at most the capacity. The word after a list may be read, and
+// the word after the result, within the capacity, may be written.
+template <bool kFits, FillChecks Checks>
 VX_INLINE size_t MergeBoundaries(Boundaries added, Boundaries settled, uint32_t changes,
                                  uint32_t* to, size_t capacity, const Checks& checks) {
   uint32_t state = 0;
   size_t count = 0;
-  // Each value is written, but counts only where coverage changes.
+  // Each value is written, but counts only if coverage changes.
   const auto take = [&](uint32_t value, uint32_t toggle) VX_INLINED {
     const uint32_t change = changes >> (4 * state + toggle) & 1;
     state ^= toggle;
@@ -62,7 +63,7 @@ VX_INLINE size_t MergeBoundaries(Boundaries added, Boundaries settled, uint32_t 
 
   const uint32_t *a = added.first, *b = settled.first;
   const uint32_t *const endA = a + added.count, *const endB = b + settled.count;
-  // The next heads are loaded before it is known which is needed.
+  // The next heads are loaded before it is known which one is needed.
   uint32_t headA = *a, headB = *b;
   while (a < endA && b < endB) {
     const bool fromA = headA <= headB, fromB = headB <= headA;

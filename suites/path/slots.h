@@ -1,7 +1,7 @@
 // The slots of suite path that the plug-in writes, on every processor.
 #pragma once
 
-#include "plugin/slots.h"
+#include "plugin/base/slots.h"
 
 namespace vantrix {
 

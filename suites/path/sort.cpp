@@ -8,8 +8,8 @@
 namespace vantrix {
 namespace {
 
-// Up to the first, words are sorted in registers by a network of comparisons; from the
-// second on, byte by byte. Measured.
+// Up to kNetworkWords words are sorted in registers by a network of comparisons, from kRadixWords
+// on byte by byte. Measured.
 constexpr size_t kNetworkWords = 16;
 constexpr size_t kRadixWords = 160;
 
@@ -19,7 +19,7 @@ VX_INLINE void Order(uint32_t& low, uint32_t& high) {
   high = a < b ? b : a;
 }
 
-// Batcher's merge exchange for kCount words: pairs to be put in order, one after another.
+// Batcher's merge exchange for kCount words: the pairs to put in order, one after another.
 template <size_t kCount>
 struct Network {
   struct Pair {
@@ -58,9 +58,9 @@ constexpr Networks kNetworks = []<size_t... k>(std::index_sequence<k...>) {
   return Networks{{SortByNetwork<k>...}};
 }(std::make_index_sequence<kNetworkWords + 1>{});
 
-// Merges two sorted runs, of which the second follows the first and is as long or one
-// longer: the lower half of the result from their starts, the upper half from their
-// ends, so that neither run can end before its half does.
+// Merges two sorted runs. The second follows the first, and is as long or one longer. The lower
+// half of the result is merged from their starts, the upper half from their ends, so that no run
+// ends before its half does.
 VX_INLINE void MergeRuns(const uint32_t* runs, size_t first, size_t count, uint32_t* to) {
   const uint32_t *a = runs, *b = runs + first;
   const uint32_t *lastA = b - 1, *lastB = runs + count - 1;
@@ -78,7 +78,7 @@ VX_INLINE void MergeRuns(const uint32_t* runs, size_t first, size_t count, uint3
   if (count % 2 != 0) *to = a <= lastA ? *a : *b;
 }
 
-// Runs that the networks sort, as equal in length as can be, merged two and two.
+// Sorts runs of nearly equal length by networks, then merges them two by two.
 [[gnu::noinline]] void SortByMerging(uint32_t* words, size_t count, uint32_t* scratch) {
   uint32_t level = 0;
   while (((count - 1) >> level) >= kNetworkWords) ++level;
@@ -96,8 +96,8 @@ VX_INLINE void MergeRuns(const uint32_t* runs, size_t first, size_t count, uint3
   if (from != words) std::memcpy(words, from, count * sizeof *words);
 }
 
-// By one byte after another, lowest first, each keeping the order of the one before. A
-// byte that all words share is left out: positions seldom need all four.
+// Sorts by one byte after another, the lowest first, each time keeping the order of before. A byte
+// that all words share is skipped: positions seldom use all four.
 [[gnu::noinline]] void SortByBytes(uint32_t* words, size_t count, uint32_t* scratch) {
   uint32_t places[4][256] = {};
   for (size_t i = 0; i < count; ++i) {

@@ -6,7 +6,7 @@
 
 namespace vantrix {
 
-// Sorts `count` words ascending. `scratch` has room for as many and holds anything then.
+// Sorts `count` words in ascending order. `scratch` has room for as many; its contents are lost.
 // The steps taken do not depend on the order of the words: there is no worst case.
 void SortWords(uint32_t* words, size_t count, uint32_t* scratch);
 

@@ -1,4 +1,4 @@
-// What the box averages share: the average of a sum, and the sums of columns.
+// What the box averages share: averages of sums, and sums of columns.
 #pragma once
 
 #include <bit>
@@ -8,14 +8,13 @@
 
 namespace vantrix {
 
-// The average by its truncated reciprocal: (sum + half) x reciprocal >> 24, which for
-// any count of 8-bit samples is below 2^32 before the shift.
+// The average by the truncated reciprocal: (sum + half) x reciprocal >> 24. Before the shift it is
+// below 2^32 for any count of 8-bit samples.
 //
-// Up to kWordCount samples it takes no lane of 32 bits: the halves of the reciprocal give
-// one a low and one a high product, and sum + half, both products and the sum of the two
-// stay below 65409.
+// Averages of up to kCountIn16Bits samples fit in 16-bit lanes: one half of the reciprocal gives a
+// low product, the other a high one. sum + half, both products and their sum stay below 65409.
 struct Average {
-  static constexpr int32_t kWordCount = 256;
+  static constexpr int32_t kCountIn16Bits = 256;
 
   uint32_t reciprocal, half;
 
@@ -26,7 +25,7 @@ struct Average {
   VX_INLINE uint8_t Of(uint32_t sum) const {
     return static_cast<uint8_t>((sum + half) * reciprocal >> 24);
   }
-  // The same in each lane: of 32 bits, or, up to kWordCount samples, of 16.
+  // The same in each lane, of 32 bits, or of 16 for up to kCountIn16Bits samples.
   template <class V>
     requires(sizeof(LaneOf<V>) == 4)
   VX_INLINE V Of(V sums) const {
@@ -40,8 +39,8 @@ struct Average {
                       HighProduct(all, Fill<V>(static_cast<uint16_t>(reciprocal)));
     return product >> 8;
   }
-  // The same where the count is known while compiling: 0 is any. The reciprocal of a power
-  // of two is exact, so that a shift divides.
+  // The same if the count is known at compile time; 0 stands for any. For a power of two the
+  // reciprocal is exact, so a shift divides.
   template <int kCount, class V>
     requires(sizeof(LaneOf<V>) == 2)
   VX_INLINE V OfCount(V sums) const {
@@ -52,20 +51,20 @@ struct Average {
   }
 };
 
-// The sums of a register of columns, those of the even and of the odd ones, over at most 256
-// rows; kRows of them, or `rows` where that is 0. read(row) gives a row's samples.
+// Sums a register of columns, the even and the odd ones apart, over at most 256 rows: kRows of
+// them, or `rows` if that is 0. read(row) loads the samples of a row.
 //
-// Samples are added two to a lane, as 256 odd + even, and the odd ones alone as well:
-// what the one sum has above 256 times the other, modulo 65536, are the even ones.
+// 16-bit lanes are added whole, as 256 odd + even, and their odd samples alone. The first sum minus
+// 256 times the second, modulo 65536, is the sum of the even samples.
 template <class V>
 struct ColumnSums {
-  Words<V> even, odd;
+  U16<V> even, odd;
 };
 template <class V, int kRows = 0, class Read>
 VX_INLINE ColumnSums<V> SumColumns(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
-  Words<V> both{}, odd{};
+  U16<V> both{}, odd{};
   const auto add = [&](int32_t k) VX_INLINED {
-    const auto samples = As<Words<V>>(read(first + k * stride));
+    const auto samples = As<U16<V>>(read(first + k * stride));
     both += samples;
     odd += samples >> 8;
   };
@@ -78,12 +77,12 @@ VX_INLINE ColumnSums<V> SumColumns(const uint8_t* first, intptr_t stride, int32_
   return {both - (odd << 8), odd};
 }
 
-// The sums of pairs of neighbouring columns in a register, over at most 128 rows.
+// Sums pairs of neighbouring columns, over at most 128 rows.
 template <class V, int kRows = 0, class Read>
-VX_INLINE Words<V> SumPairs(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
+VX_INLINE U16<V> SumPairs(const uint8_t* first, intptr_t stride, int32_t rows, Read read) {
 #if defined(__SSSE3__)
   const V ones = Fill<V>(1);
-  Words<V> sums{};
+  U16<V> sums{};
   const auto add = [&](int32_t k)
                        VX_INLINED { sums += MixedProductSums(read(first + k * stride), ones); };
   Repeat<kRows>(add);

@@ -13,7 +13,7 @@ struct Tiling {
   Average average;
 };
 
-// The block that starts here.
+// Averages one block.
 VX_INLINE uint8_t AverageOne(const uint8_t* block, const Tiling& blocks) {
   uint32_t sum = 0;
   for (int32_t j = 0; j < blocks.height; ++j)
@@ -21,28 +21,28 @@ VX_INLINE uint8_t AverageOne(const uint8_t* block, const Tiling& blocks) {
   return blocks.average.Of(sum);
 }
 
-// A row of output, sample by sample.
-VX_INLINE void AverageOneByOne(const uint8_t* source, uint8_t* destination, int32_t columns,
-                               const Tiling& blocks) {
+// Computes an output row one sample at a time.
+VX_INLINE void AverageSingly(const uint8_t* source, uint8_t* destination, int32_t columns,
+                             const Tiling& blocks) {
   for (int32_t x = 0; x < columns; ++x)
     destination[x] = AverageOne(source + intptr_t{x} * blocks.width, blocks);
 }
 
-// Blocks two samples wide as an operand, of at most 128 rows; kHeight of them, where that
-// is not 0.
+// An operand: the averages of blocks two samples wide, of
+// at most 128 rows, or of kHeight rows if that is not 0.
 template <int kHeight>
 struct AveragedPairs {
   const uint8_t* source;
   Tiling blocks;
 
-  // Of the samples that read(row) takes of each row of blocks.
+  // Averages of the pairs of samples that read(row) loads from each row of a block.
   template <class V, class Read>
-  VX_INLINE Words<V> Averages(const uint8_t* first, Read read) const {
+  VX_INLINE U16<V> Averages(const uint8_t* first, Read read) const {
     return blocks.average.OfCount<2 * kHeight>(
         SumPairs<V, kHeight>(first, blocks.stride, blocks.height, read));
   }
   template <class V>
-  VX_INLINE Words<V> Averages(intptr_t x) const {
+  VX_INLINE U16<V> Averages(intptr_t x) const {
     return Averages<V>(source + 2 * x, [](const uint8_t* row) VX_INLINED { return Load<V>(row); });
   }
 
@@ -76,13 +76,13 @@ VX_INLINE bool OverlapsInPart(const AveragedPairs<kHeight>& operand, Target to, 
       {to.row, to.stride, rows, columns});
 }
 
-// Others sum the columns first, by stretches of what the sums' memory holds.
-// WithWholeBlocks takes kFewestColumns or more.
+// Other blocks have their columns summed first, in stretches for which there is room. A stretch has
+// at least kFewestColumns columns, as WithWholeBlocks needs them.
 constexpr int32_t kSumColumns = 2048;
 constexpr int32_t kFewestColumns = 16;
 constexpr int32_t kMostBlockWidth = kSumColumns - kFewestColumns;
 
-// Sums of `columns` columns, at least kFewestColumns; or of pairs of columns.
+// Stores the sums of `columns` columns, at least kFewestColumns, or of pairs of columns.
 template <class Form, bool kInPairs, int kHeight>
 VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t columns,
                                const Tiling& blocks) {
@@ -102,24 +102,24 @@ VX_INLINE void StoreColumnSums(const uint8_t* source, uint16_t* sums, int32_t co
   });
 }
 
-// Sums as an operand that averages each, or, of kGroup 2, each two; of at
-// most Average::kWordCount samples.
+// An operand: the average of each sum, or of each two sums if kGroup is 2, of at most
+// Average::kCountIn16Bits samples.
 template <int kGroup>
 struct AveragedSums {
   const uint16_t* sums;
   Average average;
 
-  // Both sums of a pair in a 32-bit lane that Narrow makes the 16 bits of their sum.
+  // Adds the two sums of a pair in a 32-bit lane, from which Narrow takes 16 bits.
   template <class V>
-  VX_INLINE Ints<V> OfPairs(const uint16_t* from) const {
-    const auto pairs = Load<Sums<V>>(from);
-    return As<Ints<V>>(pairs + (pairs << 16)) >> 16;
+  VX_INLINE I32<V> OfPairs(const uint16_t* from) const {
+    const auto pairs = Load<U32<V>>(from);
+    return As<I32<V>>(pairs + (pairs << 16)) >> 16;
   }
   template <class V>
-  VX_INLINE Words<V> Averages(intptr_t x) const {
+  VX_INLINE U16<V> Averages(intptr_t x) const {
     const uint16_t* const from = sums + kGroup * x;
     if constexpr (kGroup == 1)
-      return average.Of(Load<Words<V>>(from));
+      return average.Of(Load<U16<V>>(from));
     else
       return average.Of(
           InMemoryOrder(Narrow(OfPairs<V>(from), OfPairs<V>(from + kLaneCount<V> / 2))));
@@ -141,7 +141,7 @@ struct AveragedSums {
     if constexpr (kBytes == 8) {
       return Narrow(Averages<V>(0), Averages<V>(count - 8));
     } else if constexpr (kGroup == 1) {
-      const auto ends = average.Of(LoadEnds<Words<V>, 2 * kBytes>(sums, count));
+      const auto ends = average.Of(LoadEnds<U16<V>, 2 * kBytes>(sums, count));
       return Narrow(ends, ends);
     } else {
       const auto ends = average.Of(Narrow(OfPairs<V>(sums), OfPairs<V>(sums + 2 * count - 8)));
@@ -150,8 +150,8 @@ struct AveragedSums {
   }
 };
 
-// Brings `group` neighbouring sums each together: kGroup of them, where that is not 0. In
-// place, as the new sums are no further on than the old ones.
+// Adds up each `group` neighbouring sums, or kGroup of them if that is not 0. In place: a new sum
+// is never further on than the sums that it is made of.
 template <int kGroup>
 VX_INLINE void AddGroups(uint16_t* sums, int32_t count, int32_t group) {
   if constexpr (kGroup > 0) group = kGroup;
@@ -166,7 +166,7 @@ VX_INLINE void AddGroups(uint16_t* sums, int32_t count, int32_t group) {
     sums[x] = static_cast<uint16_t>(sum);
   }
 }
-// The same of sums that are too large for 16 bits.
+// Averages each `group` neighbouring sums, if their sum is too large for 16 bits.
 VX_INLINE void AverageGroups(const uint16_t* sums, uint8_t* destination, int32_t count,
                              int32_t group, Average average) {
   for (int32_t x = 0; x < count; ++x) {
@@ -176,12 +176,12 @@ VX_INLINE void AverageGroups(const uint16_t* sums, uint8_t* destination, int32_t
   }
 }
 
-// A row of output, by stretches. None is left of less than kFewestColumns.
+// Computes an output row in stretches. No stretch has fewer than kFewestColumns columns.
 template <class Form>
 VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int32_t columns,
                                 const Tiling& blocks) {
   alignas(Register<uint16_t, Form>) uint16_t sums[kSumColumns];
-  const bool inPairs = blocks.width % 2 == 0 && blocks.height <= Average::kWordCount / 2;
+  const bool inPairs = blocks.width % 2 == 0 && blocks.height <= Average::kCountIn16Bits / 2;
   const int32_t group = inPairs ? blocks.width / 2 : blocks.width;
   for (int32_t x = 0, count; x < columns; x += count) {
     const bool isLast = int64_t{columns - x} * blocks.width <= kSumColumns;
@@ -195,10 +195,10 @@ VX_INLINE void AverageByColumns(const uint8_t* source, uint8_t* destination, int
             StoreColumnSums<Form, false, kHeight>(from, sums, count * blocks.width, blocks);
         });
     uint8_t* const row = destination + x;
-    if (blocks.width * blocks.height > Average::kWordCount) {
+    if (blocks.width * blocks.height > Average::kCountIn16Bits) {
       AverageGroups(sums, row, count, group, blocks.average);
     } else if (group == 2) {
-      // Blocks are four wide: kFewestColumns make four of them or more.
+      // Blocks are four columns wide, so kFewestColumns are at least four blocks.
       WithBlocks<Form, uint8_t, 4>(count, [&](auto walk) VX_INLINED {
         WriteRow(walk, row, AveragedSums<2>{sums, blocks.average});
       });
@@ -220,21 +220,21 @@ void BoxAverageArea8(const uint8_t* source, uint8_t* destination, int32_t output
   if (outputRows < 1 || outputColumns < 1 || blockWidth < 1 || blockHeight < 1) return;
   const Tiling blocks{blockWidth, blockHeight, sourceStride,
                       Average(int64_t{blockWidth} * blockHeight)};
-  if (Form::kBytes > 1 && blockWidth == 2 && blockHeight <= Average::kWordCount / 2)
+  if (Form::kBytes > 1 && blockWidth == 2 && blockHeight <= Average::kCountIn16Bits / 2)
     return WithConstant<2>(
         blockHeight, [&]<int kHeight>(std::integral_constant<int, kHeight>) VX_INLINED {
-          BlendRows<Form>(outputRows, outputColumns, Output{{destination, destinationStride}},
-                          AsItIs{}, AveragedPairs<kHeight>{source, blocks});
+          ApplyToRows<Form>(outputRows, outputColumns, Output{{destination, destinationStride}},
+                            AsItIs{}, AveragedPairs<kHeight>{source, blocks});
         });
   const bool byColumns = Form::kBytes > 1 && blockWidth <= kMostBlockWidth &&
-                         blockHeight <= Average::kWordCount &&
+                         blockHeight <= Average::kCountIn16Bits &&
                          int64_t{outputColumns} * blockWidth >= kFewestColumns &&
                          !Overlap({source, sourceStride, int64_t{outputRows} * blockHeight,
                                    int64_t{outputColumns} * blockWidth},
                                   {destination, destinationStride, outputRows, outputColumns});
   for (; outputRows > 0; --outputRows) {
     if (!byColumns)
-      AverageOneByOne(source, destination, outputColumns, blocks);
+      AverageSingly(source, destination, outputColumns, blocks);
     else if constexpr (Form::kBytes > 1)
       AverageByColumns<Form>(source, destination, outputColumns, blocks);
     source += blockHeight * intptr_t{sourceStride};

@@ -7,8 +7,7 @@
 
 namespace vantrix {
 
-// The rule of a row that is the average of `count` rows, at most Average::kWordCount: kRows,
-// where that is not 0.
+// The average of `count` rows, at most Average::kCountIn16Bits, or of kRows rows if that is not 0.
 template <int kRows>
 struct AveragedRow {
   const uint8_t* first;
@@ -33,21 +32,22 @@ struct AveragedRow {
   }
 };
 
-// The same of more rows: the sums go on in 32-bit lanes, by parity once more.
+// The average of more rows: the sums go on in 32-bit lanes,
+// the even and the odd ones apart once more.
 struct AverageOfMany : AveragedRow<0> {
   template <class V, class Read>
   VX_INLINE V Result(Read read) const {
     if constexpr (kIsOneSample<V>) {
       return AveragedRow<0>::Result<V>(read);
     } else {
-      Sums<V> evenEven{}, evenOdd{}, oddEven{}, oddOdd{};
+      U32<V> evenEven{}, evenOdd{}, oddEven{}, oddOdd{};
       for (int32_t k = 0, rows; k < count; k += rows) {
-        rows = count - k < Average::kWordCount ? count - k : Average::kWordCount;
+        rows = count - k < Average::kCountIn16Bits ? count - k : Average::kCountIn16Bits;
         const ColumnSums<V> sums = SumColumns<V>(first + k * stride, stride, rows, read);
-        evenEven += As<Sums<V>>(sums.even) & 65535;
-        evenOdd += As<Sums<V>>(sums.even) >> 16;
-        oddEven += As<Sums<V>>(sums.odd) & 65535;
-        oddOdd += As<Sums<V>>(sums.odd) >> 16;
+        evenEven += As<U32<V>>(sums.even) & 65535;
+        evenOdd += As<U32<V>>(sums.even) >> 16;
+        oddEven += As<U32<V>>(sums.odd) & 65535;
+        oddOdd += As<U32<V>>(sums.odd) >> 16;
       }
       return As<V>(average.Of(evenEven) | average.Of(oddEven) << 8 | average.Of(evenOdd) << 16 |
                    average.Of(oddOdd) << 24);
@@ -55,7 +55,7 @@ struct AverageOfMany : AveragedRow<0> {
   }
 };
 
-// Two rows average to their rounded mean.
+// The average of two rows is their rounded mean.
 struct MeanOfTwo {
   const uint8_t* first;
   intptr_t stride;
@@ -70,11 +70,10 @@ struct MeanOfTwo {
   }
 };
 
-// A function of its own for each rule: together they would hold more than there are
-// registers for.
+// A function for each operand: in one function they would need more registers than there are.
 template <class Form, class Operand>
 [[gnu::noinline]] void WriteRows(int32_t rows, int32_t width, Output output, Operand operand) {
-  BlendRows<Form>(rows, width, output, AsItIs{}, operand);
+  ApplyToRows<Form>(rows, width, output, AsItIs{}, operand);
 }
 
 template <class Form>
@@ -83,7 +82,7 @@ void BoxAverageRows8(const uint8_t* source, uint8_t* destination, int32_t output
   if (width < 1) return;
   const intptr_t stride = sourceStride;
   for (int32_t y = 0, rows; y < outputRows; y += rows) {
-    // Rows of one count go together.
+    // Output rows with the same count are taken together.
     const int32_t count = rowCounts[y];
     rows = 1;
     while (y + rows < outputRows && rowCounts[y + rows] == count) ++rows;
@@ -97,7 +96,7 @@ void BoxAverageRows8(const uint8_t* source, uint8_t* destination, int32_t output
       write(Plane{source, sourceStride});
     else if (count == 2)
       write(Computed<MeanOfTwo>{{source, stride}});
-    else if (count > Average::kWordCount)
+    else if (count > Average::kCountIn16Bits)
       write(Computed<AverageOfMany>{{{source, stride, count, average}}});
     else if (count > 0)
       WithConstant<3, 4, 7, 8>(

@@ -1,34 +1,34 @@
-// The plan of the horizontal pass: what many rows share of a stretch of columns.
+// The plan of the horizontal pass: what the rows of a stretch of columns share.
 //
-// A unit is what one output column takes at once into a lane of 32 bits: two or four
-// 8-bit taps, two 16-bit taps or one float. As many columns side by side as a register has
-// such lanes are a set; one unit of each of them is a register, and so is what a rule
-// multiplies it with. All in a plan is registers with one lane a column:
+// A unit is what one output column takes at once into a 32-bit lane: two or four 8-bit taps, two
+// 16-bit taps or one float. As many neighbouring columns as a register has such lanes are a set.
+// One unit of each column of a set is a register, and so are the weights that a rule multiplies it
+// with. A plan consists of registers, with one lane for each column:
 //
 //   plan  | set of columns 0 and on | set of the next columns | ...          | set |
 //                                                                              the last one
 //                                                                              reaches back
 //   set   | where | places | start | weights of unit 0 | of unit 1 | ...
-//           |       |        |       what the rule makes of them: one register or two
-//           |       |        what sums start with, if the rule says so
+//           |       |        |       as the rule prepares them: one register or two
+//           |       |        what sums start with, if the rule needs it
 //           |       where in its window each column's first unit is, byte by byte
-//           how many bytes behind the span's first the column starts, or its window
+//           how many bytes after the start of the span the column, or its window, starts
 //
 //   lanes | column x | x + 1 | x + 2 | x + 3 |  in a wider register  | x + 4 | ...
 //
-// A last unit that has too few taps weighs the rest of what it reads with 0. So that it
-// reads nothing behind the last tap of the row, the columns at the very end start a tap
-// or more early, with zeros before their weights.
+// If taps do not fill the last unit, the rest of it has weights of 0. It
+// must read nothing after the last tap of the row, so the columns at the
+// very end start one tap or more early, with zeros before their weights.
 #pragma once
 
-#include "common/gather.h"
 #include "suites/resample/filter.h"
+#include "suites/resample/gather.h"
 #include "suites/resample/windows.h"
 
 namespace vantrix {
 
-// The bytes from the first to the last that the taps of a row name; `first` is counted
-// from the source's row, everything in a plan from `first`.
+// The bytes of a source row from the first tap to the last. `first` counts from the start of the
+// row, everything in a plan from `first`.
 struct Span {
   int32_t lowest;  // offset
   intptr_t first, bytes;
@@ -46,11 +46,11 @@ VX_INLINE Span SpanOf(Taps taps, int32_t width) {
           (intptr_t{highest} - lowest + taps.count) * kSize};
 }
 
-// Weights k .. k + 3 of a set's columns, in pairs as 16-bit lanes: k and k + 1 of each, k + 2
-// and k + 3 of each. A column's weights start `bases` bytes into the table, after as many
-// zeros as `leads` says, and end with zeros too. Nothing is read but weights.
+// Gathers weights k .. k + 3 of a set's columns, in pairs of 16-bit lanes: k and k + 1 of each
+// column in one register, k + 2 and k + 3 in the other. A column's weights start `bases` bytes into
+// the table. They follow `leads` zeros, and zeros follow them. Only weights are read.
 template <class S>
-VX_INLINE Gathered<S, 2> GatherWeights(Taps taps, const uint32_t* bases, Ints<S> leads, int32_t k) {
+VX_INLINE Gathered<S, 2> GatherWeights(Taps taps, const uint32_t* bases, I32<S> leads, int32_t k) {
   const auto table = reinterpret_cast<const uint8_t*>(taps.weights);
   const int32_t rest = taps.count - k;
   const bool isLed = !AllSet(leads == 0);
@@ -70,24 +70,34 @@ VX_INLINE Gathered<S, 2> GatherWeights(Taps taps, const uint32_t* bases, Ints<S>
   return Gather<S, 2>(reinterpret_cast<const uint8_t*>(weights), places);
 }
 
-// An access fetches units of kBytes bytes by the first kRegisters registers of a set. Plan
-// writes them; it is given the starts of the set's columns, none of them behind `latest`, so
-// that none of their units is behind the span, and says whether the set can be fetched this
-// way. Fetch gives kCount of `units` units from `unit` on.
+// An access fetches the units of a set, with the first kRegisters registers of its plan.
+//
+//   Plan<kBytes, S>(words, starts, latest, units)
+//        writes these registers for units of kBytes bytes, from the starts of the set's columns.
+//        None of them is after `latest`, so that no unit reaches beyond the span. Returns false if
+//        the set cannot be fetched this way
+//   Fetch<S, kBytes, kCount>(row, words, unit, units)
+//        returns kCount of `units` units, from `unit` on
+template <class T, class S>
+concept AccessTo = requires(uint32_t* words, I32<S> starts, const uint8_t* row) {
+  { T::kRegisters } -> std::convertible_to<int>;
+  { T::template Plan<4, S>(words, starts, 0, 1) } -> std::same_as<bool>;
+  { T::template Fetch<S, 4, 1>(row, words, 0, 1) } -> std::same_as<Gathered<S, 1>>;
+};
 
-// Each column's units from where the column starts.
+// Loads each column's units from where the column starts.
 struct ByGather {
   static constexpr int kRegisters = 1;
 
   template <int kBytes, class S>
-  VX_INLINE static bool Plan(uint32_t* words, Ints<S> starts, int32_t, int32_t) {
+  VX_INLINE static bool Plan(uint32_t* words, I32<S> starts, int32_t, int32_t) {
     Store(words, As<S>(starts));
     return true;
   }
   template <class S, int kBytes, int kCount>
   VX_INLINE static Gathered<S, kCount> Fetch(const uint8_t* row, const uint32_t* words, int unit,
                                              int) {
-    // Two units are quicker taken as the last of four that begin two before. Measured.
+    // Two units are faster loaded as the last two of four. Measured.
     if constexpr (kCount == 2)
       if (unit >= 2) {
         const auto four = Gather<S, 4>(row + kBytes * (unit - 2), words);
@@ -97,21 +107,22 @@ struct ByGather {
   }
 };
 
-// All columns' from a window, of a kind that suites/resample/windows.h lists, where they lie
-// close enough together. A window holds a few units of each column, `held`, whose places
-// differ by the bytes of a unit. Then it moves on by so many units, the last time by fewer;
-// the places in it stay.
+// Picks all columns' units from a window (suites/resample/windows.h), if the
+// columns are close enough together. A window has a few units of each column
+// (`held`), which are adjacent. Then the window moves on by that many units,
+// the last time by fewer; the columns' places in it stay the same.
 template <class Window>
 struct ByWindow {
   static constexpr int kRegisters = 1 + Window::kRegisters;
 
   template <int kBytes, class S>
-  VX_INLINE static bool Plan(uint32_t* words, Ints<S> starts, int32_t latest, int32_t units) {
+  VX_INLINE static bool Plan(uint32_t* words, I32<S> starts, int32_t latest, int32_t units) {
+    static_assert(WindowOf<Window, S>);
     const int32_t reach = Window::kBytes - kBytes * Held(units);  // of the last start
     if (latest < reach) return false;
-    Ints<S> window = starts < latest - reach ? starts : Fill<Ints<S>>(latest - reach);
-    Ints<S> last = starts;
-    const auto hold = [&](Ints<S> first, Ints<S> end) VX_INLINED {
+    I32<S> window = starts < latest - reach ? starts : Fill<I32<S>>(latest - reach);
+    I32<S> last = starts;
+    const auto hold = [&](I32<S> first, I32<S> end) VX_INLINED {
       window = first < window ? first : window;
       last = end > last ? end : last;
     };

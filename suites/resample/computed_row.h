@@ -1,12 +1,12 @@
-// An output row that is computed from other rows, column by column.
+// Output rows that are computed from source rows, column by column.
 #pragma once
 
 #include "common/rows.h"
 
 namespace vantrix {
 
-// An operand of the row driver over a rule: rule.Result<V>(read) gives a register of
-// output samples, where read(row) gives those of a source row in the same columns.
+// An operand over a rule: rule.Result<V>(read) returns a register of output samples; read(row)
+// loads the samples of a source row in the same columns.
 template <class Rule>
 struct Computed {
   Rule rule;
@@ -19,13 +19,14 @@ struct Computed {
   VX_INLINE void NextRow() { rule.NextRow(); }
 };
 
-// Rules tell the area of the source that so many rows are computed from.
+// rule.SourceOf(rows, columns) is the area of the source from which they are computed.
 template <class Rule>
 VX_INLINE bool OverlapsInPart(const Computed<Rule>& operand, Target to, int32_t rows,
                               int32_t columns) {
   return Overlap(operand.rule.SourceOf(rows, columns), {to.row, to.stride, rows, columns});
 }
 
+// The rule that returns its operand.
 struct AsItIs {
   template <class V>
   VX_INLINE V operator()(V sample) const {
@@ -33,7 +34,7 @@ struct AsItIs {
   }
 };
 
-// The samples of an operand, in one row that is walked as WithBlocks says.
+// Writes the samples of an operand to one row, by a walk of common/blocks.h.
 template <class Walk, class Operand>
 VX_INLINE void WriteRow(Walk walk, uint8_t* row, Operand operand) {
   ApplyToRow(walk, AsItIs{}, Output{{row, 0}}, operand);

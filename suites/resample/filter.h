@@ -1,5 +1,5 @@
-// What the filters share: where the taps of an output item lie, and the rule by which
-// one output sample comes of them.
+// What the filters share: where the taps of an output item
+// are, and how one output sample is computed from them.
 #pragma once
 
 #include "common/lane_ops.h"
@@ -13,10 +13,9 @@ struct Taps {
   const int16_t* weights;
   int32_t count;
 
-  // The source item that the first tap reads. With 0 or 1 taps it is the item after the
-  // one that the list names.
+  // The source item of the first tap. With 0 or 1 taps it is the item after the one in the list.
   VX_INLINE intptr_t First(int32_t item) const { return intptr_t{offsets[item]} + 1 - count / 2; }
-  // The weights of an item are the entries from here on.
+  // The index of an item's first weight.
   VX_INLINE int32_t Base(int32_t item) const { return phases[item] * count; }
 };
 
@@ -24,10 +23,10 @@ struct Taps {
 inline constexpr int kWeightBits = 14;
 inline constexpr float kWeightScale = 1.0f / (1 << kWeightBits);
 
-// One output sample: Finish of kStart with every tap added, in the order of the taps.
+// One output sample is Finish(sum): kStart plus every tap, in the order of the taps.
 //
-// Of integers the sum wraps at 32 bits, and its signed value is shifted, which rounds
-// halves up, and clamped. Of floats each product and each sum is rounded once.
+// A sum of integers wraps at 32 bits. Its signed value is shifted, which rounds halves up thanks to
+// kStart, and clamped. With floats each product and each sum is rounded once.
 template <class Sample>
 struct Filter {
   using Sum = uint32_t;
@@ -51,16 +50,16 @@ struct Filter<float> {
   VX_INLINE static float Finish(Sum sum) { return sum * kWeightScale; }
 };
 
-// Finish of four registers of sums of 8-bit samples, whose clamps are the packing's own.
+// Finish for four registers of sums of 8-bit samples: Narrow clamps.
 template <class V>
-VX_INLINE Bytes<V> FinishBytes(V a, V b, V c, V d) {
-  const auto words = [](V low, V high) VX_INLINED {
-    return Narrow(As<Ints<V>>(low) >> kWeightBits, As<Ints<V>>(high) >> kWeightBits);
+VX_INLINE U8<V> FinishBytes(V a, V b, V c, V d) {
+  const auto narrow = [](V low, V high) VX_INLINED {
+    return Narrow(As<I32<V>>(low) >> kWeightBits, As<I32<V>>(high) >> kWeightBits);
   };
-  return Narrow(words(a, b), words(c, d));
+  return Narrow(narrow(a, b), narrow(c, d));
 }
 
-// read(k) is the sample of tap k.
+// Computes one output sample; read(k) is the sample of tap k.
 template <class Sample, class Read>
 VX_INLINE Sample FilterOne(const int16_t* weights, int32_t count, Read read) {
   using Rule = Filter<Sample>;
@@ -69,7 +68,7 @@ VX_INLINE Sample FilterOne(const int16_t* weights, int32_t count, Read read) {
   return Rule::Finish(sum);
 }
 
-// The tap counts for which loops are unrolled.
+// Calls work with the tap count, known at compile time for the counts whose loops are unrolled.
 template <class Work>
 VX_INLINE void WithTapCount(int32_t count, Work work) {
   WithConstant<2, 4, 6>(count, work);

@@ -1,15 +1,15 @@
 // Bodies of horizontal.h, for the units that instantiate it.
 #pragma once
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/kernels.h"
 #include "suites/resample/horizontal.h"
-#include "suites/resample/horizontal_one_by_one.inl"
 #include "suites/resample/horizontal_pass.h"
+#include "suites/resample/horizontal_singly.inl"
 
 namespace vantrix {
 
-// The lists of two or three columns, made those of a set: the first two and the last two.
+// The lists of a set made of two or three columns: the first two and the last two.
 struct EndLists {
   int32_t offsets[4];
   uint8_t phases[4];
@@ -38,7 +38,7 @@ void FilterHorizontalInSets(const HorizontalCall& call) {
   pass.template ResampleRows<Accesses...>(plan);
 }
 
-// What the accesses of a set are, the quickest first: use.operator()<Access...>().
+// Calls use.operator()<Access...>() with the accesses of a form, the fastest first.
 template <class Sample, class S, class Use>
 VX_INLINE bool WithAccesses(Use use) {
   constexpr int kUnit = sizeof(Sample) == 1 ? 2 : 4;
@@ -52,18 +52,18 @@ VX_INLINE bool WithAccesses(Use use) {
         .template operator()<ByWindow<FloatWindow<S, 1>>, ByWindow<FloatWindow<S, 2>>, ByGather>();
   else if constexpr (sizeof(Sample) == 4 && kLooksUp<S>)
     return use.template operator()<ByWindow<FloatWindow<S, 1>>, Own, ByGather>();
-  else if constexpr (kLooksUp<Bytes<S>>)
+  else if constexpr (kLooksUp<U8<S>>)
     return use.template operator()<ByWindow<ByteWindow<S, kUnit>>, Own, ByGather>();
   else
     return use.template operator()<ByWindow<GroupWindow<S, kUnit, true>>, Own, ByGather>();
 }
 
-// The fewest bytes of source that a row is worth these registers for: a window of 64 bytes
-// mostly finds no place in fewer. Measured.
+// Rows with fewer source bytes are not worth these registers:
+// a window of 64 bytes mostly does not fit. Measured.
 template <class S>
 inline constexpr int kLeastSpan = sizeof(S) == 64 ? 64 : 0;
 
-// False where taps are so many that no plan holds them, or a row is too short.
+// Returns false if there are too many taps for a plan, or a row is too short.
 template <class Sample, class Form>
 VX_INLINE bool FilterInSets(const HorizontalCall& call) {
   using S = Register<uint32_t, Form>;
@@ -77,8 +77,8 @@ VX_INLINE bool FilterInSets(const HorizontalCall& call) {
   });
 }
 
-// The form whose build takes what does not suit a wide form's sets: one that the unit's
-// instructions include.
+// The form whose build takes calls that do not suit a wide form's sets. The unit's instructions
+// include those of that form.
 using NarrowerForm = std::conditional_t<kWidestRegister == 64, Avx2, Ssse3>;
 template <class Sample>
 inline constexpr uint16_t kHorizontalSlot = sizeof(Sample) == 1   ? 5

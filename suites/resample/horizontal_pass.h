@@ -1,4 +1,4 @@
-// The rows of one call of the horizontal pass, once it is known in which sets they are taken.
+// The rows of one call of the horizontal pass.
 #pragma once
 
 #include "common/overlap.h"
@@ -6,13 +6,13 @@
 
 namespace vantrix {
 
-// A stretch of columns that is not a whole row is planned once for this many rows: enough that
-// planning is little, few enough that their samples stay in the cache for the next stretch.
+// A stretch of columns that is shorter than a row is planned once for this many rows: enough to
+// make planning cheap, few enough for their samples to stay in the cache until the next stretch.
 inline constexpr uint32_t kRowsAPlan = 128;
 // 32 KiB, of the host's stack.
 inline constexpr int32_t kPlanWords = 8192;
-// So many rows are worked on at once, as the registers of a plan are loaded once for them: as
-// many as their sums find registers.
+// Rows that are taken together: the registers of a plan are loaded once for all of them. As many as
+// there are registers for their sums.
 template <class Sample>
 inline constexpr int kRowsAtOnce = sizeof(Sample) == 1 ? 2 : 4;
 
@@ -20,7 +20,7 @@ VX_INLINE constexpr int32_t UnitsOf(int32_t taps, int32_t unitTaps) {
   return (taps + unitTaps - 1) / unitTaps;
 }
 
-// What a call asks for.
+// The arguments of a call.
 struct HorizontalCall {
   const uint8_t* source;  // where the span starts in the first row
   uint8_t* destination;
@@ -36,8 +36,8 @@ struct HorizontalCall {
   }
 };
 
-// The rows of one call. S is a register of sums, a lane for each column of a set; a block is
-// as many sets as make a register of output samples.
+// S is a register of sums, with a lane for each column of a set. A block is as many sets as make a
+// register of output samples.
 template <class Sample, class S>
 struct HorizontalPass : HorizontalCall {
   static constexpr int32_t kSize = sizeof(Sample);
@@ -53,14 +53,14 @@ struct HorizontalPass : HorizontalCall {
   struct OfRows {
     T of[kRows];
   };
-  // Blocks from one to before another, and loose sets behind the last of a row.
+  // Blocks `first` to `end` (not included), and the loose sets after the last block of a row.
   struct Stretch {
     int32_t first, end, looseSets;
   };
 
-  int32_t outputWidth;  // so many columns are stored; width is at least a set
+  int32_t outputWidth;  // columns that are stored; `width` is at least a set
 
-  // How much of a plan a set is; in words, but for units. kTaps is the tap count, or 0 for any.
+  // The size of a set in a plan, in units or in words. kTaps is the tap count, or 0 for any.
   template <class Access, int kTaps = 0>
   VX_INLINE int32_t Units() const {
     return UnitsOf(kTaps > 0 ? kTaps : taps.count, Rule<Access>::kTaps);
@@ -85,8 +85,8 @@ struct HorizontalPass : HorizontalCall {
     return span.bytes >= UnitBytes<Access>() && span.bytes <= INT32_MAX;
   }
 
-  // A row is blocks, the last of which reaches back, or blocks and behind them fewer loose sets
-  // than make a block, the last of which reaches back.
+  // A row consists of blocks, the last of which reaches back; or of blocks and then fewer loose
+  // sets than make a block, the last of which reaches back.
   VX_INLINE int32_t LooseSets() const {
     const int32_t sets = (width % kBlock + kColumns - 1) / kColumns;
     return outputWidth < kColumns ? 1 : width < kBlock || sets < kSets ? sets : 0;
@@ -109,8 +109,8 @@ struct HorizontalPass : HorizontalCall {
     using AccessRule = Rule<Access>;
     const int32_t latest = static_cast<int32_t>(span.bytes) - UnitBytes<Access>();
     const S offsets = Load<S>(taps.offsets + x) - static_cast<uint32_t>(span.lowest);
-    const auto starts = As<Ints<S>>(offsets * uint32_t{kSize});
-    const Ints<S> early = (starts > latest) & (starts - latest);
+    const auto starts = As<I32<S>>(offsets * uint32_t{kSize});
+    const I32<S> early = (starts > latest) & (starts - latest);
     if (!Access::template Plan<AccessRule::kUnitBytes, S>(words, starts - early, latest,
                                                           Units<Access>()))
       return false;
@@ -123,7 +123,7 @@ struct HorizontalPass : HorizontalCall {
     return true;
   }
 
-  // False where the access does not serve one of the sets.
+  // Returns false if the access does not serve one of the sets.
   template <class Access>
   VX_INLINE bool PlanColumns(uint32_t* words, Stretch stretch) const {
     if (!SpanHoldsUnits<Access>()) return false;
@@ -141,6 +141,7 @@ struct HorizontalPass : HorizontalCall {
   VX_INLINE OfRows<SumOf<Access>> WeighSet(OfRows<const uint8_t*> from,
                                            const uint32_t* words) const {
     using AccessRule = Rule<Access>;
+    static_assert(RuleOnSets<AccessRule, S>);
     OfRows<SumOf<Access>> sums;
     Repeat<kRows>([&](int r)
                       VX_INLINED { sums.of[r] = AccessRule::Start(words + kStartAt<Access>); });
@@ -169,8 +170,8 @@ struct HorizontalPass : HorizontalCall {
     return sums;
   }
 
-  // What comes of kCount sets that follow one another, of a block or a loose one, is given to
-  // write(row, samples).
+  // Calls write(row, samples) with the output samples of
+  // kCount consecutive sets: a block or a loose set.
   template <class Access, int kTaps, int kCount, class Write>
   VX_INLINE void WeighSets(OfRows<const uint8_t*> from, const uint32_t* words, Write write) const {
     OfRows<SumOf<Access>> sums[kCount];
@@ -198,11 +199,11 @@ struct HorizontalPass : HorizontalCall {
       }
       const uint32_t* words = plan;
       for (int32_t block = stretch.first; block < stretch.end; ++block, words += kSets * setWords)
-        WeighSets<Access, kTaps, kSets>(from, words, [&](int r, Bytes<S> samples) VX_INLINED {
+        WeighSets<Access, kTaps, kSets>(from, words, [&](int r, U8<S> samples) VX_INLINED {
           Store(to.of[r] + BlockAt(block) * kSize, samples);
         });
       for (int32_t set = 0; set < stretch.looseSets; ++set, words += setWords)
-        WeighSets<Access, kTaps, 1>(from, words, [&](int r, Bytes<S> samples) VX_INLINED {
+        WeighSets<Access, kTaps, 1>(from, words, [&](int r, U8<S> samples) VX_INLINED {
           if (kColumns == 4 && outputWidth < kColumns)
             StoreEnds<2 * kSize>(reinterpret_cast<Sample*>(to.of[r]), outputWidth, samples);
           else
@@ -211,7 +212,7 @@ struct HorizontalPass : HorizontalCall {
     }
   }
 
-  // How many blocks the plan holds, beside the loose sets.
+  // How many blocks fit in the plan, beside the loose sets.
   template <class... Accesses>
   VX_INLINE int32_t PlanBlocks() const {
     int32_t words = 0;
@@ -219,9 +220,9 @@ struct HorizontalPass : HorizontalCall {
     return kPlanWords / (words * kSets) - 1;
   }
 
-  // The accesses are tried in their order; the last serves every set. Known tap counts take
-  // much code: those are left out that few calls would meet.
-  template <class... Accesses>
+  // Accesses are tried in their order; the last one serves every set. Known tap counts need much
+  // code, so they are left out where few calls would use them.
+  template <AccessTo<S>... Accesses>
   VX_INLINE void ResampleRows(uint32_t* plan) const {
     const int32_t blocks = BlockCount(), mostBlocks = PlanBlocks<Accesses...>();
     const uint32_t mostRows = blocks > mostBlocks ? kRowsAPlan : rows;

@@ -14,16 +14,16 @@ namespace {
 
 template <class Form>
 constexpr Build kBuilds[] = {
-    {3, ButSsse3<Form>([]<class F>(F) { return Entry<BoxAverageRows8<F>>; })},
+    {3, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<BoxAverageRows8<F>>; })},
     {5, Entry<FilterResampleHorizontal8<Form>>},
-    {6, ButSsse3<Form>([]<class F>(F) { return Entry<FilterResampleVertical8<F>>; })},
+    {6, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<FilterResampleVertical8<F>>; })},
     {7, OnlyIn<Form, Scalar>([](auto) { return Entry<ResampleRowsStepped8>; })},
     {13, Entry<FilterResampleHorizontal16<Form>>},
-    {18, UpTo<Form, 32>([]<class F>(F) { return Entry<SampleAtPositions1D8<F>>; })},
-    {19, UpTo<Form, 32>([]<class F>(F) { return Entry<SampleAtPositions2D8<F>>; })},
+    {18, AtMost<Form, 32>([]<class F>(F) { return Entry<SampleAtPositions1D8<F>>; })},
+    {19, AtMost<Form, 32>([]<class F>(F) { return Entry<SampleAtPositions2D8<F>>; })},
     {24, Entry<BoxAverageArea8<Form>>},
     {26, Entry<FilterResampleHorizontal32F<Form>>},
-    {27, ButSsse3<Form>([]<class F>(F) { return Entry<FilterResampleVertical32F<F>>; })},
+    {27, ExceptIn<Form, Ssse3>([]<class F>(F) { return Entry<FilterResampleVertical32F<F>>; })},
 };
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <climits>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/memory/signatures.h"
 
 namespace vantrix {

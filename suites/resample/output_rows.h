@@ -1,4 +1,4 @@
-// The walk over the output rows of the vertical pass.
+// The output rows of the vertical pass.
 #pragma once
 
 #include "common/overlap.h"
@@ -6,7 +6,7 @@
 
 namespace vantrix {
 
-// The source rows that one output row is made of, and what they weigh.
+// The source rows of one output row, and their weights.
 struct TapRows {
   const uint8_t* first;
   intptr_t stride;
@@ -16,17 +16,17 @@ struct TapRows {
   VX_INLINE const uint8_t* Row(int32_t k) const { return first + k * stride; }
 };
 
-// An output row that shares memory with rows that it is made of is filtered one sample after
-// another; returns whether it does.
+// If an output row shares memory with its source rows,
+// filters it one sample at a time and returns true.
 template <class Sample>
 bool FilterOverlapping(uint8_t* row, const uint8_t* first, intptr_t stride, const int16_t* weights,
                        int32_t count, int32_t width);
 
-// Copies a row by the memory suite's live CopyBytes: in one call, or where its count cannot tell
-// so many bytes in several.
+// Copies a row by the memory suite's live CopyBytes: in one call, or in several if `bytes` does not
+// fit in the count of one.
 void CopyRow(const uint8_t* source, uint8_t* destination, int64_t bytes);
 
-// Makes each output row by filter(destination row, rows); by the copy where there are 0 or 1 taps.
+// Calls filter(destination row, rows) for each output row. With 0 or 1 taps copies rows instead.
 template <class Sample, class Rule>
 VX_INLINE void ForEachOutputRow(const Sample* source, Sample* destination, int32_t count,
                                 int32_t width, Taps taps, intptr_t sourceStride,
@@ -40,12 +40,12 @@ VX_INLINE void ForEachOutputRow(const Sample* source, Sample* destination, int32
       CopyRow(from + taps.First(i) * sourceStride, to + i * destinationStride, bytes);
     return;
   }
-  // An output row crosses the rows that it is made of where it begins so many bytes behind the
-  // first of them, from the least number on.
+  // An output row crosses its source rows if it starts from `least` to `least` + `crossings` bytes
+  // after the first of them.
   const int64_t reach = taps.count > 0 ? (taps.count - int64_t{1}) * sourceStride : 0;
   const int64_t least = (reach < 0 ? reach : 0) - bytes + 1;
   auto crossings = static_cast<uint64_t>((reach < 0 ? -reach : reach) + 2 * bytes - 1);
-  bool areColumnsCompared = false;  // once is enough: strides are the same in all rows
+  bool areColumnsCompared = false;  // once is enough: all rows have the same strides
   for (int32_t i = 0; i < count; ++i) {
     uint8_t* const row = to + i * destinationStride;
     const uint8_t* const first = from + taps.First(i) * sourceStride;

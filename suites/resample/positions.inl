@@ -1,25 +1,25 @@
 // Bodies of positions.h, for the units that instantiate them.
 #pragma once
 
-#include "common/gather.h"
 #include "common/overlap.h"
 #include "common/rounding.h"
+#include "suites/resample/gather.h"
 #include "suites/resample/positions.h"
 
 namespace vantrix {
 namespace {
 
-// What is added to a position so that shifts find its parts.
+// What is added to a position, so that shifts give its parts.
 template <bool kIsLinear>
 inline constexpr uint32_t kOrigin = kIsLinear ? 128 : 32768;
 
-// A coordinate: the sample before it, and how far on towards the next it is in 255ths.
+// A coordinate: the sample at or before it, and the distance from there to the next one in 255ths.
 template <bool kIsLinear>
-struct Place {
+struct Coordinate {
   int64_t index;
   uint8_t fraction;
 
-  explicit Place(int32_t position) {
+  explicit Coordinate(int32_t position) {
     const int64_t moved = int64_t{position} + kOrigin<kIsLinear>;
     index = moved >> 16;
     fraction = static_cast<uint8_t>(kIsLinear ? moved >> 8 : 0);
@@ -35,7 +35,7 @@ VX_INLINE uint8_t SampleAlong(const uint8_t* at, uint8_t fraction) {
   return fraction == 0 ? *at : MixOne(at[0], at[1], fraction);
 }
 
-// The same in 16-bit lanes, of which a pair holds two samples side by side.
+// The same in 16-bit lanes. A lane of `pairs` has two neighbouring samples.
 template <class V>
 VX_INLINE V MixWords(V first, V second, V fraction) {
   return DivideBy255(first * (255 - fraction) + second * fraction);
@@ -45,30 +45,29 @@ VX_INLINE V MixPairs(V pairs, V fraction) {
   return MixWords(V(pairs & 255), V(pairs >> 8), fraction);
 }
 
-// Two registers that follow one another as one of narrower lanes.
+// Narrows two consecutive registers into one, in memory order.
 template <class V>
 VX_INLINE auto NarrowInOrder(V first, V second) {
   return InMemoryOrder(Narrow(first, second));
 }
 
-// A register V of coordinates: their indices, and in the low byte of `moved` >> 8 their
-// fractions.
+// A register V of coordinates.
 template <bool kIsLinear, class V>
-struct Places {
-  Sums<V> moved;
+struct Coordinates {
+  U32<V> moved;
 
-  VX_INLINE explicit Places(const int32_t* positions)
-      : moved(Load<Sums<V>>(positions) + kOrigin<kIsLinear>) {}
+  VX_INLINE explicit Coordinates(const int32_t* positions)
+      : moved(Load<U32<V>>(positions) + kOrigin<kIsLinear>) {}
   VX_INLINE V Index() const { return As<V>(moved) >> 16; }
   VX_INLINE V Fraction() const { return As<V>(moved >> 8 & 255); }
-  // Whether the neighbours, needed or not, are inside too.
+  // Whether a coordinate is inside with its next neighbour, needed or not.
   VX_INLINE V IsIn(V length) const {
     return (Index() >= 0) & (Index() + (kIsLinear ? 1 : 0) < length);
   }
 };
 
-// A source of one dimension. One makes an output sample, Several as many as V has 16-bit
-// lanes, if none is outside.
+// A source of one dimension. One computes an output sample. Several computes as many as V has
+// 16-bit lanes; if one of them is outside, it computes none and returns false.
 template <bool kIsLinear>
 struct Line {
   const uint8_t* source;
@@ -81,15 +80,15 @@ struct Line {
   }
 
   void One(uint8_t* destination, intptr_t i) const {
-    const Place<kIsLinear> x(positions[i]);
+    const Coordinate<kIsLinear> x(positions[i]);
     if (x.IsIn(length)) destination[i] = SampleAlong(source + x.index, x.fraction);
   }
 
   template <class V>
   VX_INLINE bool Several(uint8_t* destination, intptr_t i) const {
     constexpr int kCount = kLaneCount<V>;
-    const Places<kIsLinear, Ints<V>> a(positions + i), b(positions + i + kCount / 2);
-    const auto lengths = Fill<Ints<V>>(length);
+    const Coordinates<kIsLinear, I32<V>> a(positions + i), b(positions + i + kCount / 2);
+    const auto lengths = Fill<I32<V>>(length);
     if (!AllSet(a.IsIn(lengths) & b.IsIn(lengths))) return false;
     alignas(V) int32_t index[kCount];
     Store(index, a.Index());
@@ -97,7 +96,7 @@ struct Line {
     const auto place = [&](int k) VX_INLINED { return source + index[k]; };
     if constexpr (kIsLinear) {
       const V result =
-          MixPairs(GatherAllPairs<V>(place), As<V>(NarrowInOrder(a.Fraction(), b.Fraction())));
+          MixPairs(GatherPairs<V>(place), As<V>(NarrowInOrder(a.Fraction(), b.Fraction())));
       Store(destination + i, Half<0>(NarrowInOrder(result, result)));
     } else {
       Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
@@ -106,7 +105,7 @@ struct Line {
   }
 };
 
-// A source of two.
+// The same for a source of two dimensions.
 template <bool kIsLinear>
 struct Area {
   const uint8_t* source;
@@ -120,7 +119,7 @@ struct Area {
   }
 
   void One(uint8_t* destination, intptr_t i) const {
-    const Place<kIsLinear> x(positions[2 * i]), y(positions[2 * i + 1]);
+    const Coordinate<kIsLinear> x(positions[2 * i]), y(positions[2 * i + 1]);
     if (!x.IsIn(width) || !y.IsIn(height)) return;
     const uint8_t* const at = source + y.index * stride + x.index;
     const uint8_t sample = SampleAlong(at, x.fraction);
@@ -132,10 +131,10 @@ struct Area {
   VX_INLINE bool Several(uint8_t* destination, intptr_t i) const {
     constexpr int kCount = kLaneCount<V>, kHalf = kCount / 2;
     const int32_t* const from = positions + 2 * i;
-    using FourthPart = Places<kIsLinear, Ints<V>>;
+    using FourthPart = Coordinates<kIsLinear, I32<V>>;
     const FourthPart a(from), b(from + kHalf), c(from + 2 * kHalf), d(from + 3 * kHalf);
     const auto lengths =
-        As<Ints<V>>(Fill<Quads<V>>(uint32_t(width) | uint64_t{uint32_t(height)} << 32));
+        As<I32<V>>(Fill<U64<V>>(uint32_t(width) | uint64_t{uint32_t(height)} << 32));
     if (!AllSet(a.IsIn(lengths) & b.IsIn(lengths) & c.IsIn(lengths) & d.IsIn(lengths)))
       return false;
     alignas(V) int32_t index[2 * kCount];
@@ -146,15 +145,15 @@ struct Area {
     const auto place = [&](int k)
                            VX_INLINED { return source + index[2 * k + 1] * stride + index[2 * k]; };
     if constexpr (kIsLinear) {
-      // The fractions of x and y in turn, then apart.
-      const auto first = As<Sums<V>>(NarrowInOrder(a.Fraction(), b.Fraction()));
-      const auto second = As<Sums<V>>(NarrowInOrder(c.Fraction(), d.Fraction()));
-      const auto apart = [](Sums<V> low, Sums<V> high) VX_INLINED {
-        return As<V>(NarrowInOrder(As<Ints<V>>(low), As<Ints<V>>(high)));
+      // Fractions of x and y alternate; then they are separated.
+      const auto first = As<U32<V>>(NarrowInOrder(a.Fraction(), b.Fraction()));
+      const auto second = As<U32<V>>(NarrowInOrder(c.Fraction(), d.Fraction()));
+      const auto apart = [](U32<V> low, U32<V> high) VX_INLINED {
+        return As<V>(NarrowInOrder(As<I32<V>>(low), As<I32<V>>(high)));
       };
       const V x = apart(first & 65535, second & 65535), y = apart(first >> 16, second >> 16);
-      const V above = GatherAllPairs<V>(place);
-      const V below = GatherAllPairs<V>([&](int k) VX_INLINED { return place(k) + stride; });
+      const V above = GatherPairs<V>(place);
+      const V below = GatherPairs<V>([&](int k) VX_INLINED { return place(k) + stride; });
       const V result = MixWords(MixPairs(above, x), MixPairs(below, x), y);
       Store(destination + i, Half<0>(NarrowInOrder(result, result)));
     } else {
@@ -164,7 +163,8 @@ struct Area {
   }
 };
 
-// As many as V has 16-bit lanes; where one is outside, by halves, and at last singly.
+// Computes as many output samples as V has 16-bit lanes. If
+// one is outside, halves are tried, down to single samples.
 template <class V, class Source>
 VX_INLINE void SampleBlock(const Source& source, uint8_t* destination, intptr_t i) {
   constexpr int kCount = kLaneCount<V>;
@@ -194,7 +194,7 @@ void SampleAll(Source source, uint8_t* destination, intptr_t count) {
 
 }  // namespace
 
-// Of the mode the low 16 bits count.
+// Only the low 16 bits of the mode count.
 template <class Form>
 void SampleAtPositions1D8(const uint8_t* source, uint8_t* destination, int32_t count,
                           int32_t sourceLength, const int32_t* positions, int32_t mode) {

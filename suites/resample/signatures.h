@@ -1,19 +1,18 @@
 // The argument lists of the resampling routines.
 //
-// Counts, widths and strides are signed 32-bit but where they say otherwise; a count or
-// width below 1 touches no memory. A stride is in bytes from a row to the next and may
-// be negative. Source and destination may overlap: output rows are formed in order, and
-// each from its first sample on. Of a tap count or a mode the low 16 bits count, whatever
-// stands above.
+// Counts, widths and strides are signed 32-bit unless declared otherwise. A count or width below 1
+// touches no memory. A stride is in bytes from a row to the next, and may be negative. Source and
+// destination may overlap: output rows are computed in order, each from its first sample on. Of a
+// tap count or a mode only the low 16 bits count; the bits above may hold anything.
 #pragma once
 
 #include <cstdint>
 
 namespace vantrix {
 
-// The filters. Output item i (a column, or a row) has tapCount taps: the first is
-// tapCount / 2 (truncated) - 1 source items before item offsets[i], and the weights
-// are entries phases[i] x tapCount and on. 16384 stands for 1.
+// The filters. Output item i (a column or a row) has tapCount taps. The first is
+// tapCount / 2 (truncated) - 1 source items before item offsets[i]. Its weight is entry
+// phases[i] x tapCount of `weights`; those of the other taps follow. A weight of 16384 is 1.
 template <class Sample>
 using FilterHorizontal = void(const Sample* source, Sample* destination, uint32_t rows,
                               int32_t width, const int32_t* offsets, const uint8_t* phases,
@@ -35,7 +34,7 @@ using ResampleRowsStepped = void(const uint8_t* source, uint8_t* destination, in
                                  int32_t width, const int32_t* rowLengths, int32_t sourceStride,
                                  int32_t destinationStride);
 
-// Positions are 16.16 source coordinates, one or an (x, y) pair for each output sample.
+// Positions are 16.16 source coordinates: one for each output sample, or one (x, y) pair.
 using SampleAtPositions1D = void(const uint8_t* source, uint8_t* destination, int32_t count,
                                  int32_t sourceLength, const int32_t* positions, int32_t mode);
 using SampleAtPositions2D = void(const uint8_t* source, uint8_t* destination, int32_t count,

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/memory/signatures.h"
 
 namespace vantrix {
@@ -10,8 +10,8 @@ namespace {
 
 using Exact = __int128;
 
-// Where the columns of a row stand, for a positive step. A mirrored row is the same from
-// its end: the rule is symmetric.
+// The positions of a row's columns, for a positive step. A mirrored row is the same from its end,
+// as the rule is symmetric.
 struct Steps {
   int32_t width;
   int64_t step;
@@ -20,8 +20,8 @@ struct Steps {
     return (Exact{width} << 31) - (Exact{width - 1} * step >> 1) + Exact{x} * step;
   }
 
-  // The first column that stands at a source index or behind it: estimated to within a
-  // column, then put right.
+  // The first column whose position is at a source index or after it: estimated to within one
+  // column, then corrected.
   int32_t ColumnAt(int64_t index) const {
     const Exact limit = Exact{index} << 32;
     const double middle = width * 0.5;
@@ -34,8 +34,8 @@ struct Steps {
   }
 };
 
-// The columns from `begin` to `end`, all of which stand within reach of the source, from left to
-// right in the destination.
+// Writes the columns from `begin` to `end`, whose positions are all inside the source row or its
+// border, from left to right in the destination.
 void StretchColumns(const uint8_t* source, uint8_t* destination, const Steps& steps, int32_t begin,
                     int32_t end, bool isMirrored) {
   if (begin >= end) return;

@@ -1,16 +1,16 @@
 // Filtering along columns: suite rsmp slots 6 and 27, FilterResampleVertical8 and 32F.
 //
-// Row i of the output is the filter (suites/resample/filter.h) over the taps of item i,
-// which are tapCount rows of the source. The sum of
+// Row i of the output is the filter (suites/resample/filter.h) over the taps of item i: tapCount
+// rows of the source. The sum of
 //   8-bit samples    starts at 8192, wraps at 32 bits, is shifted right by 14 and clamped
 //                    to 0..255
 //   floats           starts at 0, adds sample x weight in the order of the taps, and is
 //                    multiplied by 2^-14 at the end
-// With no tap, and with one, the row after the named one is copied by the memory suite's
-// live CopyBytes. A negative tap count sums nothing.
+// With 0 or 1 taps the row after the one in the list is copied, by the memory suite's live
+// CopyBytes. A negative tap count sums nothing.
 //
-// Of floats, strides are taken in whole samples: stride / 4, truncated. Where several
-// terms of a sum are not numbers, which of them the sum becomes is not defined.
+// For floats, strides count in whole samples: stride / 4, truncated. If several terms of a sum are
+// not numbers, it is not defined which of them the sum becomes.
 #pragma once
 
 #include "common/forms.h"

@@ -1,4 +1,4 @@
-// Bodies of vertical.h, for the units that instantiate them.
+// The vertical filter of floats.
 #pragma once
 
 #include "common/rows.h"
@@ -8,16 +8,15 @@
 namespace vantrix {
 namespace {
 
-// A long row by so many registers at a time, which share what a tap's weight takes. They are
-// aligned as those of ApplyToRow; of the rest of the row each is taken by itself.
+// A long row is taken this many registers at a time, which share the work on a tap's weight. They
+// are aligned like those of ApplyToRow. The registers of the tail are taken one at a time.
 constexpr int kGroup = 4;
 template <class V>
 struct InGroups {
   Blocks<V> blocks;
 };
 
-// An output row, in registers of samples and several of them at a time. kTaps is the number
-// of taps, or 0 for any.
+// An output row, several registers of samples at a time. kTaps is the number of taps, or 0 for any.
 template <int kTaps>
 struct FilteredFloats {
   TapRows rows;
@@ -27,7 +26,7 @@ struct FilteredFloats {
     Repeat<kTaps>([&](int k) VX_INLINED { weights[k] = rows.weights[k]; });
   }
 
-  // kRegisters registers of samples, of which at(i) is the place of number i.
+  // Computes kRegisters registers of samples; at(i) is the place of register i.
   template <int kRegisters, class At>
   VX_INLINE void StoreAt(float* destination, At at) const {
     using V = typename decltype(at(0))::Register;
@@ -68,8 +67,8 @@ struct FilteredFloats {
   }
 };
 
-// Calls use(InGroups) for the widest register of kBytes bytes, or a half of that down to 32, of
-// which the row holds a group; returns whether there is one.
+// Calls use(InGroups) with the widest register, of kBytes bytes, half of that, and so on down to
+// 32, of which a row has kGroup; returns whether there is one.
 template <int kBytes, class Use>
 VX_INLINE bool WithGroups(int32_t width, Use use) {
   using V = Lanes<float, kBytes / int{sizeof(float)}>;

@@ -1,4 +1,4 @@
-// Bodies of vertical.h, for the units that instantiate them.
+// The vertical filter of 8-bit samples.
 #pragma once
 
 #include "suites/resample/computed_row.h"
@@ -8,15 +8,15 @@
 namespace vantrix {
 namespace {
 
-// A register V of columns of 8-bit samples. Two rows at a time are brought into pairs of
-// 16-bit lanes, which one instruction multiplies and adds.
+// The sums of a register V of columns. The samples of two rows at a time are interleaved and
+// widened to pairs of 16-bit lanes, which one instruction multiplies and adds.
 template <class V>
 struct PairSums {
-  Sums<V> a, b, c, d;
+  U32<V> a, b, c, d;
 
-  VX_INLINE PairSums() { a = b = c = d = Fill<Sums<V>>(Filter<uint8_t>::kStart); }
+  VX_INLINE PairSums() { a = b = c = d = Fill<U32<V>>(Filter<uint8_t>::kStart); }
   VX_INLINE void Add(V even, V odd, uint32_t pair) {
-    const auto weights = As<Words<V>>(Fill<Sums<V>>(pair));
+    const auto weights = As<U16<V>>(Fill<U32<V>>(pair));
     const V low = InterleaveLow(even, odd), high = InterleaveHigh(even, odd);
     a += ProductSums(WidenLow(low), weights);
     b += ProductSums(WidenHigh(low), weights);
@@ -26,7 +26,7 @@ struct PairSums {
   VX_INLINE V Finish() const { return FinishBytes(a, b, c, d); }
 };
 
-// The rule of an output row. kTaps is the number of taps, or 0 for any.
+// An output row. kTaps is the number of taps, or 0 for any.
 template <int kTaps>
 struct FilteredRow {
   TapRows rows;

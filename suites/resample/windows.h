@@ -1,33 +1,43 @@
-// The windows of the horizontal pass: what is loaded for the columns of a set at once, and
-// how each column's unit is picked from it.
+// The windows of the horizontal pass: what is loaded at once for all columns of a set, and how each
+// column's units are picked from it.
 //
-//   kIsShared            whether it is one for the set, or one for each group of the register
+//   kIsShared            whether the set has one window, or each group of the register its own
 //   kBytes               bytes of a window
-//   kHeld                at most so many units of a column are picked from one
+//   kHeld                the most units of a column that are picked from one window
 //   kRegisters           registers of the plan that Pick needs
-//   Plan(words, places)  writes them, of how many bytes behind the window's first each column
-//                        starts; false where Pick cannot be
-//   LoadFrom(row, words) the window; words[0] is where it starts, or words[4 i] that of group i
+//   Plan(words, places)  writes them; places are how many bytes after the start of its window each
+//                        column starts. Returns false if Pick cannot serve them
+//   LoadFrom(row, words) loads the window, which starts at words[0]; that of group i at words[4 i]
 //   Pick(window, words, i)
-//                        unit i of each column behind the one that starts there
+//                        returns unit i of each column, counted from where the column starts
 //
-// S is the register of the set, kUnit the bytes of a unit. One of two bytes is spread over
-// two 16-bit lanes.
+// S is the register of the set, kUnit the bytes of a unit.
+// A unit of two bytes is widened to two 16-bit lanes.
 #pragma once
 
-#include "common/gather.h"
+#include <concepts>
+
 #include "common/look_up.h"
+#include "suites/resample/gather.h"
 
 namespace vantrix {
 
-// The places of a unit's bytes, the first of which is at `place`, for operations on bytes.
+template <class T, class S>
+concept WindowOf = requires(uint32_t* words, S places, const uint8_t* row) {
+  { T::kIsShared } -> std::convertible_to<bool>;
+  { T::kBytes + T::kHeld + T::kRegisters } -> std::convertible_to<int>;
+  { T::Plan(words, places) } -> std::same_as<bool>;
+  { T::Pick(T::LoadFrom(row, words), words, 0) } -> std::same_as<S>;
+};
+
+// The indices of a unit's bytes, the first of which is `place`, for Shuffle and LookUp.
 template <int kUnit, class S>
-VX_INLINE Bytes<S> BytePlaces(S place) {
+VX_INLINE U8<S> BytePlaces(S place) {
   const S twice = place | place << 16;
-  return As<Bytes<S>>(kUnit == 2 ? twice + 0x80018000 : (twice | twice << 8) + 0x03020100);
+  return As<U8<S>>(kUnit == 2 ? twice + 0x80018000 : (twice | twice << 8) + 0x03020100);
 }
 
-// 16 bytes for the four columns of a group, or the same 16 for all groups.
+// 16 bytes for the four columns of a group, or the same 16 bytes for all groups.
 template <class S, int kUnit, bool kShared>
 struct GroupWindow {
   static constexpr bool kIsShared = kShared;
@@ -39,18 +49,18 @@ struct GroupWindow {
             BytePlaces<kUnit>(S(places + static_cast<uint32_t>(kUnit * i))));
     return true;
   }
-  VX_INLINE static Bytes<S> LoadFrom(const uint8_t* row, const uint32_t* words) {
+  VX_INLINE static U8<S> LoadFrom(const uint8_t* row, const uint32_t* words) {
     if constexpr (kShared)
-      return LoadIntoGroups<Bytes<S>>(row + words[0]);
+      return LoadIntoGroups<U8<S>>(row + words[0]);
     else
-      return LoadGroups<Bytes<S>>([=](int group) VX_INLINED { return row + words[4 * group]; });
+      return LoadGroups<U8<S>>([=](int group) VX_INLINED { return row + words[4 * group]; });
   }
-  VX_INLINE static S Pick(Bytes<S> window, const uint32_t* words, int i) {
-    return As<S>(Shuffle(window, LoadAligned<Bytes<S>>(words + kLaneCount<S> * i)));
+  VX_INLINE static S Pick(U8<S> window, const uint32_t* words, int i) {
+    return As<S>(Shuffle(window, LoadAligned<U8<S>>(words + kLaneCount<S> * i)));
   }
 };
 
-// A register, where its bytes can be looked up anywhere in it.
+// A whole register, from anywhere in which bytes can be looked up.
 template <class S, int kUnit>
 struct ByteWindow {
   static constexpr bool kIsShared = true;
@@ -60,11 +70,11 @@ struct ByteWindow {
     Store(words, BytePlaces<kUnit>(places));
     return true;
   }
-  VX_INLINE static Bytes<S> LoadFrom(const uint8_t* row, const uint32_t* words) {
-    return Load<Bytes<S>>(row + words[0]);
+  VX_INLINE static U8<S> LoadFrom(const uint8_t* row, const uint32_t* words) {
+    return Load<U8<S>>(row + words[0]);
   }
-  VX_INLINE static S Pick(Bytes<S> window, const uint32_t* words, int i) {
-    const auto places = LoadAligned<Bytes<S>>(words) + static_cast<uint8_t>(kUnit * i);
+  VX_INLINE static S Pick(U8<S> window, const uint32_t* words, int i) {
+    const auto places = LoadAligned<U8<S>>(words) + static_cast<uint8_t>(kUnit * i);
     if constexpr (kUnit == 2)
       return As<S>(LookUpEven(window, places));
     else
@@ -72,7 +82,8 @@ struct ByteWindow {
   }
 };
 
-// One register or two, for units that are 32-bit lanes, where these can be looked up.
+// One register or two, from anywhere in which 32-bit lanes
+// can be looked up, for units of that size.
 template <class S, int kCount>
 struct FloatWindow {
   struct Registers {

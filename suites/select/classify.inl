@@ -2,13 +2,13 @@
 #pragma once
 
 #include "common/blocks.h"
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 #include "suites/select/classify.h"
 
 namespace vantrix {
 namespace {
 
-// All entries so far by bitwise or and by bitwise and, lane by lane.
+// All entries so far, combined by bitwise or and by bitwise and, lane by lane.
 template <class V>
 struct Fold {
   V any = V{};
@@ -24,7 +24,7 @@ struct Fold {
   }
 };
 
-// The 16-byte groups of a fold's registers, folded into one.
+// Folds the 16-byte groups of a wide fold into one.
 template <class V>
 VX_INLINE auto InOneGroup(Fold<V> fold) {
   if constexpr (sizeof(V) == 16) {
@@ -36,8 +36,8 @@ VX_INLINE auto InOneGroup(Fold<V> fold) {
   }
 }
 
-// Entries x to `end` in whole registers, as far as they go, four at a time into folds of
-// their own. Returns the first entry that is left.
+// Folds entries x to `end` in whole registers, four at a time
+// into four folds. Returns the first entry that is left.
 template <class V, class T>
 VX_INLINE intptr_t FoldBlocks(const T* row, intptr_t x, intptr_t end, Fold<V>& fold) {
   constexpr intptr_t kLanes = kLaneCount<V>;
@@ -58,8 +58,8 @@ VX_INLINE intptr_t FoldBlocks(const T* row, intptr_t x, intptr_t end, Fold<V>& f
   return x;
 }
 
-// Folds rows, each by foldRow, until isMixed says that the class can only be MaskClass::kMixed;
-// returns whether it did.
+// Folds rows, each by foldRow, until isMixed returns true: the class can only be MaskClass::kMixed.
+// Returns whether it did.
 template <class V, class T, class FoldRow, class IsMixed>
 VX_INLINE bool FoldRows(const T* data, int32_t rows, int32_t rowBytes, Fold<V>& fold,
                         FoldRow foldRow, IsMixed isMixed) {
@@ -70,10 +70,9 @@ VX_INLINE bool FoldRows(const T* data, int32_t rows, int32_t rowBytes, Fold<V>& 
   return false;
 }
 
-// In registers of V, which the rows are as wide as at least. The lanes do not matter.
+// Classifies rows of at least one register V. It does not matter which entry is in which lane.
 template <class V>
-VX_INLINE int32_t ClassifyBytes(const uint8_t* data, int32_t rows, int32_t width,
-                                int32_t rowBytes) {
+VX_INLINE int32_t Classify8(const uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   const auto lightAnywhere = [](Fold<V> fold) VX_INLINED { return !NoneSet(IsLight(fold.any)); };
   const auto lightThroughout = [](Fold<V> fold) VX_INLINED { return AllSet(IsLight(fold.all)); };
   Fold<V> fold;
@@ -90,14 +89,14 @@ VX_INLINE int32_t ClassifyBytes(const uint8_t* data, int32_t rows, int32_t width
   return lightAnywhere(fold) ? MaskClass::kFromHalf : MaskClass::kBelowHalf;
 }
 
-// The eight lanes that the rule counts entries into.
-using WordLanes = Lanes<uint16_t, 8>;
+// The eight lanes in which the rule combines entries.
+using EightLanes = Lanes<uint16_t, 8>;
 
-// In registers of Wide, which are whole groups of eight entries, where rows have as many.
+// Classifies rows of at least eight entries, in registers
+// Wide of whole groups of eight as far as they go.
 template <class Wide>
-VX_INLINE int32_t ClassifyWords(const uint16_t* data, int32_t rows, int32_t width,
-                                int32_t rowBytes) {
-  using V = WordLanes;
+VX_INLINE int32_t Classify16(const uint16_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
+  using V = EightLanes;
   const auto below = [](V v) VX_INLINED { return As<Lanes<int16_t, 8>>(v) < 16384; };
   Fold<V> fold;
   const bool isMixed = FoldRows(
@@ -132,12 +131,12 @@ VX_INLINE int32_t ClassifyWords(const uint16_t* data, int32_t rows, int32_t widt
 template <class Form>
 int32_t SelectClassify8(const uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   constexpr int kSlot = 33;
-  int32_t answer = 0;
+  int32_t maskClass = 0;
   if (WithWholeBlocks<uint8_t, Form::kBytes>(
           0, width, [&]<class V, int kMost>(Blocks<V, kMost>) VX_INLINED {
-            answer = ClassifyBytes<V>(data, rows, width, rowBytes);
+            maskClass = Classify8<V>(data, rows, width, rowBytes);
           }))
-    return answer;
+    return maskClass;
   return Call<Classify8Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
 }
 
@@ -146,14 +145,14 @@ int32_t SelectClassify16(const uint16_t* data, int32_t rows, int32_t width, int3
   constexpr int kSlot = 75;
   if (width < 8)
     return Call<Classify16Routine>(selectSuite.saved[kSlot])(data, rows, width, rowBytes);
-  int32_t answer = 0;
+  int32_t maskClass = 0;
   const auto classify = [&]<class V, int kMost>(Blocks<V, kMost>) VX_INLINED {
-    answer = ClassifyWords<V>(data, rows, width, rowBytes & ~1);
+    maskClass = Classify16<V>(data, rows, width, rowBytes & ~1);
   };
-  // Folding a wide register's groups takes as long as four of them.
+  // To fold the groups of a wide register takes as long as to take four wide registers.
   if (!WithWholeBlocks<uint16_t, Form::kBytes>(0, width / 4, classify))
-    classify(Blocks<WordLanes>{width});
-  return answer;
+    classify(Blocks<EightLanes>{width});
+  return maskClass;
 }
 
 }  // namespace vantrix

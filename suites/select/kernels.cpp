@@ -10,11 +10,11 @@ namespace {
 
 template <class Form>
 constexpr Build kBuilds[] = {
-    {26, UpTo<Form, 32>([]<class F>(F) { return Entry<SelectSpreadMark8<F>>; })},
+    {26, AtMost<Form, 32>([]<class F>(F) { return Entry<SelectSpreadMark8<F>>; })},
     {33, OnlyIn<Form, Sse2, Avx2>([]<class F>(F) { return Entry<SelectClassify8<F>>; })},
-    {35, UpTo<Form, 32>([]<class F>(F) { return Entry<SelectPropagate8<F>>; })},
-    {73, UpTo<Form, 32>([]<class F>(F) { return Entry<SelectPropagate16<F>>; })},
-    {75, From<Form, 16>([]<class F>(F) { return Entry<SelectClassify16<F>>; })},
+    {35, AtMost<Form, 32>([]<class F>(F) { return Entry<SelectPropagate8<F>>; })},
+    {73, AtMost<Form, 32>([]<class F>(F) { return Entry<SelectPropagate16<F>>; })},
+    {75, AtLeast<Form, 16>([]<class F>(F) { return Entry<SelectClassify16<F>>; })},
 };
 
 }  // namespace

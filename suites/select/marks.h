@@ -6,12 +6,13 @@
 
 namespace vantrix {
 
-// Bit 7 of an entry is its mark. Sets the mark of every entry whose neighbour in the row
-// above or below had one; nothing wraps at the first and last row, and no other bit
-// changes. In place. Rows that share entries are marked in two passes, down and up.
-// A block of a row is stored only if one of its entries changes; of a row of fewer than 16 entries
-// only those that change are.
+// Sets, in place, the mark (bit 7) of every entry whose neighbour in the row above or below had
+// one. The first and the last row have one neighbour. No other bit changes. If rows share entries,
+// they are marked in two passes, down and up.
+//
+// A block of a row is stored only if one of its entries changes. In rows of fewer than 16 entries
+// only entries that change are stored.
 template <class Form>
-void SelectSpreadMark8(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes);
+SpreadMarkRoutine SelectSpreadMark8;
 
 }  // namespace vantrix

@@ -11,10 +11,9 @@ namespace vantrix {
 namespace {
 
 constexpr uint8_t kMark = 128;
-// Rows that are formed together, so that each is loaded once for itself and its neighbours.
+// Rows that are taken together: each is loaded once for itself and its neighbours.
 constexpr int kRowsAtOnce = 4;
-// Columns that are walked together, so that the row above, as it was, stays in the
-// first-level cache.
+// Columns that are taken together: the copy of the row above stays in the first-level cache.
 constexpr int32_t kColumnsTogether = 4096;
 
 template <class V, int kRows>
@@ -26,9 +25,9 @@ struct MarkedEntries {
   V before[kRows], after[kRows], isNew[kRows];
 };
 
-// Rows that are read together, and written where an entry changes. Beside them stands the row above
-// as it was before its own marks; when they are written, the last of them, as it was, takes its
-// place.
+// Rows that are read together, and written if an entry changes. `above`
+// is a copy of the row above from before it was marked. When the rows
+// are written, the last of them, as it was read, replaces that copy.
 template <int kRows>
 struct MarkedRows {
   using Sample = uint8_t;
@@ -60,7 +59,7 @@ struct MarkedRows {
   VX_LANE uint8_t* Row(int i) const { return first.row + i * intptr_t{first.stride}; }
 };
 
-// An entry takes the marks of the rows about it, as they were.
+// An entry takes the marks of the rows above and below, as they were.
 struct SpreadMarks {
   template <class V, int kRows>
   VX_INLINE MarkedEntries<V, kRows> operator()(const Entries<V, kRows>& entries) const {

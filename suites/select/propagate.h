@@ -1,15 +1,15 @@
 // Propagation along lines, suite sele slots 35 and 73.
 //
-// Two planes of one geometry hold a priority and a value for each entry. Each line is
-// walked from its second entry on. With d the priority and v the value of the entry before,
-// as they stand by then, and d' = d - 1 where d is above 1, else d: an entry of priority c
-// receives v and d', unless d' is 0 or c is above d'. So a priority reaches as far as it is
-// high, 1 goes on for ever, and a higher one on the way wins. Numbers are unsigned.
+// Two planes of the same geometry hold a priority and a value for each entry. Each line is walked
+// from its second entry on. Let d be the priority and v the value that the entry before has by
+// then, and d' be d - 1 if d is above 1, else d. An entry of priority c receives v and d', unless
+// d' is 0 or c is above d'. So a priority of n reaches n - 1 entries and then goes on as 1, until
+// an entry of higher priority stops it. Numbers are unsigned.
 //
-// Line i starts lineStep x i from the first pointers, its entries lie entryStep apart. A line's
-// first entry never changes. Where lines or planes share entries, lines are walked one by one.
-// Of either plane a block of lines is stored only if one of its entries changes; of lines that fill
-// no block only entries that change are.
+// Line i starts lineStep x i after the first pointers; its entries lie entryStep apart. The first
+// entry of a line never changes. If lines or planes share entries, lines are walked one after
+// another. In each plane a block of lines is stored only if one of its entries changes. In lines
+// that fill no block only entries that change are stored.
 #pragma once
 
 #include "common/forms.h"
@@ -17,17 +17,14 @@
 
 namespace vantrix {
 
-// Steps in entries.
+// Steps are in entries.
 template <class Form>
-void SelectPropagate8(uint8_t* priority, uint8_t* value, int32_t lineCount, int32_t lineLength,
-                      int32_t lineStep, int32_t entryStep);
+Propagate8Routine SelectPropagate8;
 
-// Steps in bytes, halved towards minus infinity. Where lines lie side by side (a line step
-// of one entry), each whole group of eight lines is held back by d' = 32768 instead of
-// d' = 0: an entry of priority 0 after one of priority 0 receives the value. The lines left
-// over follow the rule.
+// Steps are in bytes, halved towards minus infinity. If lines lie side by side (a line step of one
+// entry), in each whole group of eight lines d' = 32768 is passed over instead of d' = 0: an entry
+// of priority 0 after one of priority 0 receives the value. The other lines follow the rule above.
 template <class Form>
-void SelectPropagate16(uint16_t* priority, uint16_t* value, int32_t lineCount, int32_t lineLength,
-                       int32_t lineStep, int32_t entryStep);
+Propagate16Routine SelectPropagate16;
 
 }  // namespace vantrix

@@ -9,32 +9,31 @@
 namespace vantrix {
 namespace {
 
-// The pair that an entry is left with, first the priority; its own; and in which lanes each of the
-// two is written.
+// An entry's priority and value as they become, as they were, and in which lanes each is written.
 template <class V>
 struct Taken : Pair<V> {
   Pair<V> own;
   V takesPriority, takesValue;
 };
-// kHolds is the carried priority that holds an entry back. An entry that is met twice keeps
-// what it has.
+// kHolds is the carried priority that takes nothing over.
+// To take the same entry again changes nothing.
 template <uint16_t kHolds>
 struct TakeOver {
   template <class V>
   VX_INLINE Taken<V> operator()(Pair<V> own, Pair<V> before) const {
-    const V carried = before.first + As<V>(before.first > 1);  // less 1: the mask is -1
+    const V carried = before.first + As<V>(before.first > 1);  // minus 1: a true lane is -1
     const auto keeps = (carried == LaneOf<V>(kHolds)) | (own.first > carried);
     const V isTaken = Opaque(As<V>(~keeps));
     const auto takes = IsNegative(isTaken);
     const Pair<V> after{takes ? carried : own.first, takes ? before.second : own.second};
-    // Where 0 does not hold back, it is mostly handed on from 0 to 0, and changes nothing.
+    // If 0 takes over, it mostly takes over from 0, and changes nothing.
     if constexpr (kHolds != 0)
       return {after, own, As<V>(after.first != own.first), As<V>(after.second != own.second)};
     return {after, own, isTaken, isTaken};
   }
 };
 
-// The planes of the lines; of either, places are stored in which an entry is written.
+// The two planes of the lines. A place is stored if an entry in it is written.
 template <class T>
 struct LinesAt {
   using Sample = T;
@@ -60,9 +59,9 @@ struct LinesAt {
   }
 };
 
-// Lines side by side: all of them, or those of a group. Many are walked all together, one
-// entry further at a time. Of few, as many as a register holds are walked to their ends, as
-// the entry before, reloaded, would wait for the stores of it.
+// Walks lines that lie side by side. Many lines are walked together, all of them one entry on at a
+// time. Of few lines, as many as a register holds are walked to their ends at once: if the entry
+// before were loaded again, the load would wait for its store.
 template <class Form, class Rule, class T>
 VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineCount,
                                  int32_t lineLength, int32_t entryBytes) {
@@ -91,8 +90,8 @@ VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineC
     });
 }
 
-// One line after another, an entry at a time. What is carried stays in registers. Which entries
-// change is as varied as priorities are.
+// Walks one line after another, one entry at a time. What is carried stays in registers. Which
+// entries change cannot be predicted.
 template <class T>
 VX_INLINE void PropagateSingly(T* priority, T* value, int32_t lineCount, int32_t lineLength,
                                intptr_t lineStep, intptr_t entryStep) {
@@ -130,7 +129,7 @@ struct Tile {
       StoreChanged(Block<V>{0}, line, before != rows[i], before, rows[i]);
     }
   }
-  // Interleaves the two halves of the rows as often as doubling 1 gives kSide.
+  // Interleaves the two halves of the rows log2(kSide) times.
   VX_INLINE void Transpose() {
 #pragma GCC unroll 4
     for (int round = 1; round < kSide; round *= 2) {
@@ -146,8 +145,8 @@ struct Tile {
   }
 };
 
-// Lines whose entries follow one another in memory, forwards or backwards: tiles of
-// entries are turned so that the lines lie side by side, walked, and turned back.
+// Walks lines whose entries are adjacent in memory, forwards or backwards: tiles of entries are
+// transposed so that lines lie side by side, walked, and transposed back.
 template <class V, class T>
 VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_t lineLength,
                                 intptr_t lineStep, intptr_t entryStep) {
@@ -179,7 +178,7 @@ VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_
       priorities.StoreTo(priority + lowest, lineStep);
       values.StoreTo(value + lowest, lineStep);
     }
-    // The entries left over, from the last one of the tiles on.
+    // The tail, from the last entry of the tiles on.
     const intptr_t last = (entry - 1) * entryStep;
     PropagateSingly(priority + last, value + last, kSide,
                     static_cast<int32_t>(lineLength - entry + 1), lineStep, entryStep);
@@ -189,19 +188,19 @@ VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_
   PropagateSingly(priority, value, lineCount, lineLength, lineStep, entryStep);
 }
 
-// Lines that do not follow one another side by side.
+// Walks lines that do not lie side by side in increasing order.
 template <class Form, class T>
 VX_INLINE void PropagateApart(T* priority, T* value, int32_t lineCount, int32_t lineLength,
                               int32_t lineStep, int32_t entryStep) {
-  // Side by side, but named from the last one on.
+  // Side by side in decreasing order.
   if (lineStep == -1) {
     const int32_t toLast = lineCount - 1;
     return PropagateTogether<Form>(TakeOver<0>{}, priority - toLast, value - toLast, lineCount,
                                    lineLength, entryStep * static_cast<int32_t>(sizeof(T)));
   }
   if constexpr (Form::kBytes > 1) {
-    // Of 16 bytes in every form: where steps are powers of two, twice as many lines of both
-    // planes meet in the same places of the cache and throw each other out. Measured.
+    // 16 bytes in every form: if steps are powers of two, twice as many lines of both planes fall
+    // into the same sets of the cache and evict one another. Measured.
     using V = Lanes<T, 16 / sizeof(T)>;
     if (entryStep == 1)
       return PropagateInTiles<V>(priority, value, lineCount, lineLength, lineStep, 1);

@@ -1,4 +1,4 @@
-#include "plugin/system.h"
+#include "plugin/base/system.h"
 
 namespace vantrix {
 

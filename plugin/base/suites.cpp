@@ -1,4 +1,4 @@
-#include "plugin/suites.h"
+#include "plugin/base/suites.h"
 
 namespace vantrix {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/forms.h"
-#include "plugin/processor.h"
+#include "plugin/base/processor.h"
 
 namespace vantrix {
 

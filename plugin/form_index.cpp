@@ -1,8 +1,8 @@
-// The table of plugin/form_index.h, from the lists of the kernels.
+// The table, from the lists of the kernels.
 #include "plugin/form_index.h"
 
-#include "plugin/instruction_sets.h"
-#include "suites/all_builds.h"
+#include "plugin/base/instruction_sets.h"
+#include "suites/served.h"
 
 namespace vantrix {
 namespace {

@@ -12,6 +12,12 @@ namespace vantrix {
 // An entry of a routine table. Its signature belongs to the slot, not to the type.
 using Routine = void (*)();
 
+// The routine by its signature: Call<HostPoll>(coreSuite.live[kHostPoll])().
+template <class Signature>
+Signature* Call(Routine routine) {
+  return reinterpret_cast<Signature*>(routine);
+}
+
 // A four-character code, its first character in the most significant byte.
 constexpr uint32_t Code(const char (&text)[5]) {
   uint32_t code = 0;

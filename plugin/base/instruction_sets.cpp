@@ -1,4 +1,4 @@
-#include "plugin/instruction_sets.h"
+#include "plugin/base/instruction_sets.h"
 
 namespace vantrix {
 
@@ -19,10 +19,10 @@ constexpr uint32_t kReadsEnabledState = 1u << 27;
 // the older sets for granted where it is told of AVX2.
 constexpr Needs kAvx2{0x18980200, 0x06, 1u << 5, 0};
 
-// Besides, FMA and F16C; masks and ZMM; F, DQ, IFMA, CD, BW, VL; VBMI, VBMI2, GFNI, VAES,
-// VPCLMULQDQ, VNNI, BITALG, VPOPCNTDQ. The kernels use a part of these. The others are those
-// of the first generation that does not lower its clock under 64-byte code, and tell it from
-// the one before.
+// Besides, FMA and F16C; masks and ZMM; F, DQ, IFMA, CD, BW, VL; VBMI,
+// VBMI2, GFNI, VAES, VPCLMULQDQ, VNNI, BITALG, VPOPCNTDQ. The kernels use
+// a part of these. The others are those of the first generation that does
+// not lower its clock under 64-byte code, and tell it from the one before.
 constexpr Needs kAvx512{kAvx2.leaf1Ecx | 1u << 12 | 1u << 29, 0xE6, kAvx2.leaf7Ebx | 0xD0230000,
                         0x5F42};
 

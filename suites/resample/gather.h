@@ -1,4 +1,4 @@
-// Registers made of what lies in several places.
+// Registers gathered from several addresses.
 #pragma once
 
 #include "common/lane_ops.h"
@@ -6,8 +6,7 @@
 
 namespace vantrix {
 
-// A register whose group i is loaded from place(i): from the start of the group on kBytes
-// bytes, 16, 8 or 4, and zeros behind them.
+// Returns a register whose group i is loaded from place(i): kBytes bytes (16, 8 or 4), then zeros.
 template <class V, int kBytes = 16, class Place>
 VX_LANE V LoadGroups(Place place) {
   if constexpr (sizeof(V) > 16) {
@@ -16,15 +15,11 @@ VX_LANE V LoadGroups(Place place) {
     return Join(
         LoadGroups<HalfOf, kBytes>(place),
         LoadGroups<HalfOf, kBytes>([=](int group) VX_INLINED { return place(kGroups + group); }));
-  } else if constexpr (kBytes == 16) {
-    return Load<V>(place(0));
-  } else if constexpr (kBytes == 8) {
-    return As<V>(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(place(0))));
   } else {
-    return As<V>(_mm_cvtsi32_si128(Load<int32_t>(place(0))));
+    return LoadFirst<V, kBytes>(place(0));
   }
 }
-// A register with the same 16 bytes in each group.
+// Returns a register with the same 16 bytes in each group.
 template <class V, class T>
 VX_LANE V LoadIntoGroups(const T* from) {
   const auto group = Load<Lanes<uint64_t, 2>>(from);
@@ -33,9 +28,9 @@ VX_LANE V LoadIntoGroups(const T* from) {
   }(std::make_index_sequence<sizeof(V) / 8>{});
 }
 
-// kCount registers of four bytes, a 32-bit lane S each, from as many places as S has lanes:
-// the first four of each, the next four of each, and so on. A place is `at` bytes past
-// `base`.
+// Loads kCount units of four bytes from as many addresses as S has
+// 32-bit lanes: the first unit of each in one register, the second of
+// each in the next, and so on. Addresses are `at` bytes after `base`.
 template <class S, int kCount>
 struct Gathered {
   S units[kCount];
@@ -48,10 +43,10 @@ VX_LANE Gathered<S, kCount> Gather(const uint8_t* base, const uint32_t* at) {
                                          VX_INLINED { return base + at[4 * group + i]; });
   };
   const auto firsts = [](S ab, S cd) VX_INLINED {
-    return As<S>(InterleaveLow(As<Quads<S>>(ab), As<Quads<S>>(cd)));
+    return As<S>(InterleaveLow(As<U64<S>>(ab), As<U64<S>>(cd)));
   };
   const auto seconds = [](S ab, S cd) VX_INLINED {
-    return As<S>(InterleaveHigh(As<Quads<S>>(ab), As<Quads<S>>(cd)));
+    return As<S>(InterleaveHigh(As<U64<S>>(ab), As<U64<S>>(cd)));
   };
   const S a = load(0), b = load(1), c = load(2), d = load(3);
   const S ab = InterleaveLow(a, b), cd = InterleaveLow(c, d);
@@ -65,27 +60,16 @@ VX_LANE Gathered<S, kCount> Gather(const uint8_t* base, const uint32_t* at) {
   }
 }
 
-// Two bytes from each of eight places: place(i) is the address of the first.
-template <class Place>
-VX_LANE Lanes<uint16_t, 8> GatherPairs(Place place) {
-  __m128i pairs{};
-  const auto insert = [&]<int i>(std::integral_constant<int, i>) VX_INLINED {
-    pairs = _mm_insert_epi16(pairs, Load<int16_t>(place(i)), i);
-  };
-  [&]<int... i>(std::integer_sequence<int, i...>) VX_INLINED {
-    (insert(std::integral_constant<int, i>{}), ...);
-  }(std::make_integer_sequence<int, 8>{});
-  return As<Lanes<uint16_t, 8>>(pairs);
-}
-
-// The same from as many places as V has lanes.
+// Loads two bytes from each of as many addresses as V has 16-bit lanes: place(i) is lane i's.
 template <class V, class Place>
-VX_LANE V GatherAllPairs(Place place) {
+VX_LANE V GatherPairs(Place place) {
   if constexpr (sizeof(V) == 16) {
-    return GatherPairs(place);
+    V pairs{};
+    Repeat<kLaneCount<V>>([&](int i) VX_INLINED { pairs[i] = Load<uint16_t>(place(i)); });
+    return pairs;
   } else {
     using HalfOfV = decltype(Half<0>(V{}));
-    return Join(GatherAllPairs<HalfOfV>(place), GatherAllPairs<HalfOfV>([=](int i) VX_INLINED {
+    return Join(GatherPairs<HalfOfV>(place), GatherPairs<HalfOfV>([=](int i) VX_INLINED {
                   return place(kLaneCount<HalfOfV> + i);
                 }));
   }

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "plugin/system.h"
+#include "plugin/base/system.h"
 
 namespace vantrix {
 namespace {

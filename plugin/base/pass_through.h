@@ -2,7 +2,7 @@
 // whatever that routine's signature is.
 #pragma once
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix {
 

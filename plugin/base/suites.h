@@ -1,13 +1,13 @@
 // The ten suites as the plug-in holds them, and how start-up finds them.
 #pragma once
 
-#include "plugin/interface.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix {
 
-// Written during start-up, read-only afterwards. A kernel that hands a case back
-// calls the saved entry; one that uses another routine of the host's, whatever
-// is installed there, calls the live one.
+// Start-up writes it; from then on it is only read. A kernel that hands a case back to the host
+// calls the saved entry. A kernel that uses another routine of the host calls the live entry,
+// whatever is installed there.
 template <size_t kEntries>
 struct Suite {
   Routine* live;            // the host's table, null until acquired
@@ -31,22 +31,16 @@ extern SavedSuite<kSelect> selectSuite;
 extern SavedSuite<kPath> pathSuite;
 #pragma GCC visibility pop
 
-// The routine at an entry, by its signature: Call<HostPoll>(coreSuite.live[kHostPoll]).
-template <class Signature>
-Signature* Call(Routine routine) {
-  return reinterpret_cast<Signature*>(routine);
-}
-
-// The first record with this code and version. Failing that, the last record of
-// the core suite answers a capability query with a record; null when there is no
-// such record, its count is below 5, it refuses, or its answer has another version.
+// Returns the first record with this code and version. If the block has none, the last record of
+// the core suite is asked for one by a capability query. Returns null if there is no core suite,
+// its count is below 5, it refuses, or the record that it gives has another version.
 const SuiteRecord* FindSuite(const SuiteParameterBlock* block, uint32_t code, int16_t version);
 
-// Finds all ten and saves their entries. 0, or -1 at the first that is missing or
-// too short; those before it stay acquired.
+// Finds all ten suites and saves their entries. Returns 0, or -1 at the first suite that is missing
+// or too short; the suites before it stay acquired.
 //
-// When a suite is acquired once more, its table may hold our own routines, of which isOwn tells.
-// What was saved stays in their places, so that a call that is handed on reaches the host.
+// When a suite is acquired again, its table may hold our own routines, for which isOwn returns
+// true. They are not saved, so that a call that is handed on still reaches the host's routine.
 int16_t AcquireSuites(const SuiteParameterBlock* block, bool (*isOwn)(Routine));
 
 }  // namespace vantrix

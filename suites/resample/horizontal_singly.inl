@@ -1,4 +1,4 @@
-// Bodies of horizontal.h, for the units that instantiate them.
+// The horizontal filters one sample at a time.
 #pragma once
 
 #include "suites/resample/filter.h"
@@ -7,7 +7,7 @@
 namespace vantrix {
 namespace {
 
-// Stores sample(x, read) for every column of every row; read(k) is the sample of tap k.
+// Stores sample(x, read) in every column x of every row; read(k) is the sample of tap k.
 template <class Sample, class Rule>
 VX_INLINE void ForEachColumn(const Sample* source, Sample* destination, uint32_t rows,
                              int32_t width, Taps taps, int32_t sourceStride,
