@@ -128,7 +128,7 @@ class Results:
         return wide and half and wide / half >= WHOLE_PORTS
 
     def spread(self):
-        """Returns the median ratio of the median to the least value."""
+        """Returns the ratio of median to least value, in the median case."""
         return statistics.median(
             self.median(case, form, shape) / self.least(case, form, shape)
             for case, forms in self.values.items() for form, shapes in forms.items() for shape in shapes)
