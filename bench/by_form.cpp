@@ -11,7 +11,7 @@
 namespace vantrix::bench {
 namespace {
 
-// Calls visit.operator()<Form>() for each form of registers that runs here.
+// Calls visit.operator()<Form>() for each form with registers that runs here.
 template <class Visit>
 void ForEachThatRuns(Visit visit) {
   Forms::ForEach([&]<class Form>() {

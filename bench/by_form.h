@@ -1,8 +1,8 @@
-// What the benchmarks measure against in every form: units that are compiled once for each
-// form of registers, with its instructions and VX_FORM naming it.
+// What kernels are compared with in every form: units that are compiled once for each form with
+// registers, with the form's instructions and with VX_FORM naming it.
 //
 // They hold no constructors, or the benchmarks would not start on an older processor. A plain
-// unit registers what they list (by_form.cpp), where the form runs.
+// unit (by_form.cpp) registers what they list, if the form runs.
 #pragma once
 
 #include <initializer_list>
@@ -21,11 +21,11 @@ struct SlotsRoutine {
   const char* onlySetting = nullptr;  // null for all
 };
 
-// For each slot, the cheapest loop that reads and writes the planes that it does.
+// Returns for each slot the cheapest loop that reads and writes the slot's planes.
 template <class Form>
 std::span<const SlotsRoutine> Limits();
 
-// The masked normal blend, written by hand.
+// Returns the masked normal blend written by hand.
 template <class Form>
 RoutineGetter MaskedBlendByHand();
 

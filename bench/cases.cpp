@@ -1,4 +1,4 @@
-// Every served slot as its exercise has it, and the settings that matter besides.
+// Every served slot as its exercise runs it, and other settings that matter.
 #include <algorithm>
 #include <iterator>
 
@@ -71,7 +71,7 @@ std::vector<Shape> Runs() {
   return runs;
 }
 
-// The shapes of a slot, with short rows for the first setting of it alone.
+// Returns the shapes of a slot, with short rows only for its first setting.
 std::vector<Shape> ShapesOfSetting(const std::vector<Case>& cases, SuiteIndex suite,
                                    uint16_t slot) {
   std::vector<Shape> shapes = UsualShapes(suite, slot);
@@ -97,7 +97,8 @@ void AddFilters(std::vector<Case>& cases, uint16_t horizontal, uint16_t vertical
     (add(vertical, kTaps, "0.73", Vertically<Sample, kTaps, 73>), ...);
 }
 
-// Source and destination side by side in one picture: addresses cross, no sample is common.
+// Blends with source and destination side by side in one picture: their address ranges interleave,
+// but they share no sample.
 void MultiplyTiles(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
   const PlaneView picture = scene.Bytes({shape.rows, 2 * shape.columns});
@@ -113,14 +114,15 @@ void DeviateTiles(Routine routine, Scene& scene) {
                                picture.stride, picture.stride);
 }
 
-// Whether a slot is measured in settings of its own and not as its exercise has it.
+// Whether a slot is measured in its own settings instead of as its exercise runs it.
 bool HasSettings(SuiteIndex suite, uint16_t slot) {
   constexpr uint16_t kFilters[] = {3, 5, 6, 13, 26, 27};
   if (suite == kFilter) return slot == 28;
   return suite == kResample && std::ranges::find(kFilters, slot) != std::end(kFilters);
 }
 
-// Where planes lie matters to kernels that load and store all of a row in registers.
+// Whether a case is measured misaligned too. The place of planes matters to kernels that load and
+// store all of a row in registers.
 bool IsMeasuredMisaligned(const Case& job) {
   if (job.shapes.size() == 1 || job.setting == "disc" || job.setting == "tiles") return false;
   const auto isIn = [&](std::initializer_list<uint16_t> slots) {
@@ -135,7 +137,7 @@ bool IsMeasuredMisaligned(const Case& job) {
 std::vector<Case> Cases() {
   std::vector<Case> cases;
   for (const host::SuiteEntry& suite : host::Catalog()) {
-    if (suite.index == kPath) continue;  // folds its input away: see fill_array.cpp
+    if (suite.index == kPath) continue;  // it consumes its input: see fill_array.cpp
     for (const host::Reference& reference : suite.references)
       if (!HasSettings(suite.index, reference.slot))
         AddSetting(cases, suite.index, reference.slot, "", reference.exercise);

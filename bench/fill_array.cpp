@@ -1,4 +1,4 @@
-// The fold of fill arrays beside an ordinary one.
+// The fold of fill arrays, compared with an ordinary one.
 #include "suites/path/fill_array.h"
 
 #include <x86intrin.h>
@@ -13,7 +13,7 @@
 namespace vantrix::bench {
 namespace {
 
-// About 64 Ki crossings in all, so that no predictor can learn them by heart.
+// Makes about 64 Ki crossings in all, so that no branch predictor can memorise them.
 std::vector<uint32_t> MakeArray(uint32_t crossings, bool isScattered) {
   const auto rows = static_cast<int32_t>(std::max(65536 / crossings, 8u));
   const auto stride = static_cast<int32_t>(2 * crossings + 2);

@@ -1,5 +1,5 @@
 // Every case in every form: the builds of the kernel, the ordinary routine as g++ compiles
-// it with its vectoriser and without, and the competitors.
+// it with and without its vectoriser, and the competitors.
 #include <cstdio>
 #include <cstdlib>
 
@@ -12,7 +12,7 @@
 namespace vantrix::bench {
 namespace {
 
-// What is timed must first do the same.
+// Ends the program unless both routines do the same: only then are they timed.
 void RequireSame(const std::string& name, const Case& job, Routine expected, Routine actual) {
   const std::string difference =
       host::CompareMeasured(MeasuringArena(), job.exercise, expected, actual, job.how);
@@ -21,8 +21,8 @@ void RequireSame(const std::string& name, const Case& job, Routine expected, Rou
   std::exit(1);
 }
 
-// Whether the SSSE3 form has a build of its own: then no processor that runs it has the SSE2
-// form's in a table.
+// Whether the slot has a build in the SSSE3 form that runs here. Then no processor that runs it has
+// the SSE2 build in a table.
 bool HasSsse3Build(SuiteIndex suite, uint16_t slot) {
   bool has = false;
   ForEachBuild([&]<class Form>(SuiteIndex inSuite, const Build& build) {

@@ -1,5 +1,5 @@
-// The limit of a slot, in the form that this unit is compiled for: the cheapest loop that reads
-// and writes the planes that the slot does. Planes' rows are multiples of 64 bytes.
+// The limit of each slot, in the form that this unit is compiled for: the cheapest loop that reads
+// and writes the same planes as the slot. Rows are multiples of 64 bytes.
 #include <array>
 #include <utility>
 
@@ -18,7 +18,7 @@ namespace {
 using V = Register<uint8_t, VX_FORM>;
 constexpr intptr_t kBytes = VX_FORM::kBytes;
 
-// A plane that is read, or written.
+// A plane that is read or written.
 template <class Byte>
 struct Rows {
   template <class T>
@@ -32,11 +32,11 @@ using In = std::array<Rows<const uint8_t>, kCount>;
 template <size_t kCount>
 using Out = std::array<Rows<uint8_t>, kCount>;
 
-// Writes what the inputs come to, joined by exclusive or, to every output.
+// Writes the exclusive or of the inputs to every output.
 template <size_t kInputs, size_t kOutputs>
 void Stream(int32_t rows, intptr_t bytes, In<kInputs> inputs, Out<kOutputs> outputs) {
   V all[4] = {}, start{};
-  asm("" : "+x"(start));  // else nothing need be written, or by a library
+  asm("" : "+x"(start));  // or the compiler might write nothing, or call a library
   const auto take = [&](intptr_t x, V& sum) VX_INLINED {
     V v = kOutputs == 0 ? V{} : start;
     for (const auto& input : inputs) v ^= Load<V>(input.row + x);
@@ -56,7 +56,7 @@ void Stream(int32_t rows, intptr_t bytes, In<kInputs> inputs, Out<kOutputs> outp
   asm volatile("" ::"x"(all[0] ^ all[1] ^ all[2] ^ all[3]));
 }
 
-// A source and the destination; those and a mask.
+// A source and the destination; Masked adds a mask.
 void Plane(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns, int32_t ss, int32_t ds) {
   Stream<2, 1>(rows, columns, {{{s, ss}, {d, ds}}}, {{{d, ds}}});
 }
@@ -77,7 +77,7 @@ void Masked(const uint8_t* s, uint8_t* d, const uint8_t* m, int32_t rows, int32_
   Stream<3, 1>(rows, columns, {{{s, ss}, {m, ms}, {d, ds}}}, {{{d, ds}}});
 }
 
-// Two planes into a third; two planes in place.
+// Two planes into a third; Share works on two planes in place.
 void Planes(const uint8_t* a, uint8_t* d, const uint8_t* b, int32_t rows, int32_t columns,
             int32_t as, int32_t ds, int32_t bs) {
   Stream<2, 1>(rows, columns, {{{a, as}, {b, bs}}}, {{{d, ds}}});
@@ -90,7 +90,7 @@ void Share(uint8_t* q, uint8_t* p, int32_t rows, int32_t columns, int32_t qs, in
   Stream<2, 2>(rows, columns, {{{p, ps}, {q, qs}}}, {{{p, ps}, {q, qs}}});
 }
 
-// One plane into twice the bytes; one in place.
+// One plane into twice its bytes; the others work in place.
 void Expand(const uint8_t* s, uint16_t* d, int32_t rows, int32_t width, int32_t ss, int32_t ds) {
   Stream<1, 2>(rows, width, {{{s, ss}}}, {{{d, ds}, {d + width / 2, ds}}});
 }
@@ -116,7 +116,7 @@ void Convolution(const uint8_t* s, uint8_t* d, uint32_t rows, int32_t columns, i
   CopyRows(s, d, static_cast<int32_t>(rows), columns, ss, ds);
 }
 
-// Writes a value, or nothing but reads.
+// Only writes a value, or only reads.
 template <class T>
 void FillRows(T* d, int32_t rows, int32_t width, int32_t stride, uint32_t) {
   Stream<0, 1>(rows, width * intptr_t{sizeof(T)}, {}, {{{d, stride}}});
@@ -157,7 +157,7 @@ void AverageArea(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns, in
                {{{d, ds}}});
 }
 
-// As many bytes as are written, read from the source's rows.
+// Reads as many bytes of the source's rows as it writes.
 template <class T>
 void Horizontal(const T* s, T* d, uint32_t rows, int32_t width, const int32_t*, const uint8_t*,
                 int32_t ss, int32_t ds, int32_t, const int16_t*) {

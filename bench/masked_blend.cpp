@@ -1,5 +1,5 @@
-// The masked normal blend by hand, in the form that this unit is compiled for: what the kernels
-// of slot 2 are measured against.
+// The masked normal blend by hand, in the form that this unit is compiled for: the kernels of
+// slot 2 are compared with it.
 #include <immintrin.h>
 
 #include "bench/by_form.h"
@@ -55,7 +55,7 @@ V PairProducts(V a, V b) { return _mm_maddubs_epi16(a, b); }
 V By255(V t) { return HighProducts(Add(t, FillWords(128)), FillWords(257)); }
 
 #if defined(__SSSE3__)
-// Samples less 128 by pairs of a weight and its rest.
+// Multiplies samples less 128 by pairs of a weight and 255 less the weight.
 V Mix(V d, V s, V m) {
   const V keep = Xor(m, FillBytes(-1)), middle = FillBytes(-128), bias = FillWords(255 * 128);
   const V sd = Xor(d, middle), ss = Xor(s, middle);
@@ -73,7 +73,7 @@ V Mix(V d, V s, V m) {
 }
 #endif
 
-// Whole blocks, the last one reaching back; shorter rows sample by sample.
+// Blends whole blocks, the last of which reaches back; shorter rows one sample at a time.
 void Blend(const uint8_t* s, uint8_t* d, const uint8_t* m, int32_t rows, int32_t columns,
            int32_t sourceStride, int32_t destinationStride, int32_t maskStride) {
   constexpr int32_t kBytes = VX_FORM::kBytes;

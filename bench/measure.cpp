@@ -9,8 +9,8 @@
 namespace vantrix::bench {
 namespace {
 
-// Planes of 4096 x 4096 values of 4 bytes, filters' sources among them, with their margins;
-// taken up as it is used.
+// Room for planes of 4096 x 4096 values of 4 bytes, including filters' sources with their margins.
+// Memory is committed as it is used.
 constexpr size_t kRegionBytes = size_t{130} << 20;
 
 void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine, host::Shape shape,

@@ -21,7 +21,7 @@ void Fill(uint8_t* destination, int32_t bytes, uint32_t value) {
 void FillRows(uint8_t* destination, int32_t rows, int32_t width, int32_t stride, uint32_t value) {
   for (; rows > 0; --rows, destination += stride) Fill(destination, width, value);
 }
-// A run is of one byte if it is the run one further on.
+// A run has one value throughout if it equals the run that starts one byte further on.
 uint32_t AllEqual(const uint8_t* pointer, int32_t bytes, uint32_t value) {
   return pointer[0] == static_cast<uint8_t>(value) &&
          std::memcmp(pointer, pointer + 1, static_cast<size_t>(bytes) - 1) == 0;

@@ -52,7 +52,7 @@ void Convolve(const uint8_t* s, uint8_t* d, uint32_t rows, int32_t columns, int3
   Mat weights(taps, 1, CV_32F);
   for (int32_t k = 0; k < taps; ++k)
     weights.at<float>(k) = static_cast<float>(kernel->weights[k]) / 256;
-  // A part of the matrix with the rows about it.
+  // A part of the matrix, with the rows above and below it.
   const Mat all = View(s - kernel->radius * ss, height + taps - 1, columns, ss);
   Mat to = View(d, height, columns, ds);
   cv::sepFilter2D(all.rowRange(kernel->radius, kernel->radius + height), to, CV_8U,
@@ -75,7 +75,7 @@ void AverageArea(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns, in
              cv::INTER_AREA);
 }
 
-// In one direction only, from as many samples as the lists reach.
+// Resamples in one direction only, from as many samples as the lists reach.
 template <class T>
 void Horizontal(const T* s, T* d, uint32_t rows, int32_t width, const int32_t* offsets,
                 const uint8_t*, int32_t ss, int32_t ds, int32_t taps, const int16_t*) {

@@ -32,7 +32,7 @@ void Scale(const uint8_t* s, int32_t ss, int32_t width, int32_t height, uint8_t*
            int32_t newWidth, int32_t newHeight) {
   libyuv::ScalePlane(s, ss, width, height, d, ds, newWidth, newHeight, libyuv::kFilterBox);
 }
-// Of two rows; of more, only two are read.
+// Averages two rows. For more rows libyuv would read only two.
 void AverageRows(const uint8_t* s, uint8_t* d, int32_t rows, int32_t width, const int32_t* counts,
                  int32_t ss, int32_t ds) {
   Scale(s, ss, width, rows * counts[0], d, ds, width, rows);

@@ -1,5 +1,5 @@
-// Additions in registers, in the form that this unit is compiled for: by these a processor that
-// splits its widest registers is told from one that takes them whole.
+// Additions in registers, in the form that this unit is compiled for. They distinguish a processor
+// that splits its widest registers from one that takes them whole.
 #include "bench/by_form.h"
 #include "common/lanes.h"
 
@@ -13,7 +13,7 @@ void AddRegisters<VX_FORM>(int rounds) {
 #pragma GCC unroll 8
     for (int i = 0; i < kAddsInRound; ++i) {
       sums[i] += one;
-      asm volatile("" : "+x"(sums[i]));  // each round's by itself
+      asm volatile("" : "+x"(sums[i]));  // keeps the additions of the rounds apart
     }
   }
 }

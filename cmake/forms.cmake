@@ -1,13 +1,13 @@
-# The forms, by the names of common/forms.h: what each is compiled with. An instruction that
-# its flags allow must be one that its test asks for (plugin/base/instruction_sets.cpp).
+# The compiler flags of each form, by the names of common/forms.h. Start-up must detect every
+# instruction that a form's flags allow (plugin/base/instruction_sets.cpp).
 #
-# Kernels make their vectors themselves. Of loops left over in wide units, compilers make
-# gathers and masked stores, which some processors run from microcode.
+# Kernels are vectorised by hand. From the other loops of wide units compilers make gathers and
+# masked stores, which some processors run from microcode.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   set(VANTRIX_NO_AUTOVECTORS -fno-vectorize -fno-slp-vectorize)
 else()
-  # The second flag, since GCC 12 takes the undefined lanes of its own 64-byte intrinsics for
-  # values of ours that were not set.
+  # The second flag is needed because GCC 12 takes the undefined lanes of its own 64-byte intrinsics
+  # for uninitialised values of ours.
   set(VANTRIX_NO_AUTOVECTORS -fno-tree-vectorize -Wno-maybe-uninitialized)
 endif()
 set(VANTRIX_FORMS Scalar Sse2 Ssse3 Avx2 Avx512)

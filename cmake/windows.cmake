@@ -1,4 +1,4 @@
-# Clang with LLD for Windows x64, on Debian's mingw-w64 headers and runtime.
+# Clang with LLD for Windows x64, with Debian's mingw-w64 headers and run-time library.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 

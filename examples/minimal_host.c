@@ -1,13 +1,13 @@
-/* The smallest host: what an author of a host needs to know to run the plug-in, in C11. It includes
-   nothing of ours, on purpose: the agreement stands here once more, in literal numbers, so that
-   a change of the header shows; typed_host.c includes the header. This one loads the
-   library that is named on the command line, starts it twice, calls routines through its own
-   tables, and prints what happened. Status 0: all went as it should.
+/* The smallest host: what an author of a host needs to know to run the plug-in, in C11. On purpose
+   it includes nothing of ours: it states the agreement again, in literal numbers, so that a change
+   of the header shows. typed_host.c includes the header. This host loads the library that is named
+   on the command line, starts it several times, calls routines through its own tables, and prints
+   what happened. It ends with status 0 if all went as it should.
 
      cc -std=c11 minimal_host.c -ldl -o minimal_host && ./minimal_host ./libvantrix.so
 
-   Pointers have 8 bytes. Routines are called by the C convention of the system. The block is read
-   while the plug-in starts; tables are used as long as the process lives. The thread that starts
+   Pointers have 8 bytes. Routines use the C calling convention of the system. The block is read
+   while the plug-in starts. Tables are used as long as the process lives. The thread that starts
    the plug-in keeps flush-to-zero. Routines of the plug-in may be called from any thread. */
 #include <stdint.h>
 #include <stdio.h>
@@ -19,10 +19,10 @@
 #include <dlfcn.h>
 #endif
 
-/* An entry of a table. Whoever calls one casts it to the routine's own type. */
+/* An entry of a table. The caller casts it to the routine's own type. */
 typedef void (*Routine)(void);
 
-/* How a host tells the plug-in of its routine suites: 8 bytes, and then 16 bytes a suite. */
+/* How a host tells the plug-in about its routine suites: 8 bytes, then 16 bytes for each suite. */
 struct SuiteRecord {
   uint32_t code; /* four letters, the first in the highest byte */
   int16_t version;
@@ -37,14 +37,14 @@ struct ParameterBlock {
 _Static_assert(sizeof(struct SuiteRecord) == 16, "a record has 16 bytes");
 
 /* The one export. Selector 1 starts; 0 and 2 do nothing; any other is unknown. The result word is
-   always written: 0, -1 for a failure, -30300 for an unknown selector. Returned are 1 after a
-   start, else the same number as in the word. */
+   always written: 0, -1 for a failure, -30300 for an unknown selector. Returns 1 after a start, and
+   otherwise the number in the result word. */
 typedef int32_t PluginMainRoutine(int16_t selector, struct ParameterBlock* block, intptr_t data,
                                   int16_t* result);
 
-/* The ten suites, each of the version that the plug-in looks for, and how many entries of its
-   table are copied when it starts. So many must be readable, whatever the count says. The count
-   must be at least `least`, or negative. */
+/* The ten suites, each in the version that the plug-in looks for, and how many entries of its table
+   are copied when the plug-in starts. That many must be readable, whatever the count says. The
+   count must be at least `least`, or negative. */
 #define ENTRIES 400
 static const struct {
   char code[5];
@@ -57,20 +57,20 @@ static const struct {
 enum { kBlend = 0, kCore = 2, kFilter = 4, kMemory = 5 };
 static Routine tables[10][ENTRIES];
 
-/* What a host has in an entry that nothing here calls. */
+/* Stands for the host's routine in an entry that nothing here calls. */
 static void NotCalled(void) { puts("a routine was called that nothing calls"); }
 
 /* Services that the plug-in calls: entries 0, 5 and 16 of the core suite, and entries 0 and 3 of
-   the memory suite as they are after the start. Entry 3 of the core suite it replaces by one that
-   calls the host's own. */
+   the memory suite as they are after the start. It replaces entry 3 of the core suite by a routine
+   that calls the host's own. */
 static int polls;
 static int64_t Poll(void) { return ++polls; }
 
-/* Asked when the plug-in starts. For each suite that the block does not list, with the signature
-   QXXM and the suite's code; a host that answers 1 has written the address of a record
-   into *answer. For these questions the block must list the core suite with 5 entries or more. And
-   then with the signature QXIM and pdbg, and pdgv: whether fill arrays of paths are to be checked,
-   and by which guard value. */
+/* Called when the plug-in starts. It is called for each suite that the block does not list, with
+   the signature QXXM and the suite's code. A host that returns 1 has written the address of a
+   record into *answer. For these questions the block must list the core suite with 5 entries or
+   more. Then it is called with the signature QXIM and pdbg, and with QXIM and pdgv: whether to
+   check fill arrays of paths, and with which guard value. */
 static struct SuiteRecord* unlisted;
 static uint64_t pathIsDebugged;
 static char asked[200];
@@ -94,8 +94,8 @@ static void Assert(const char* message, const char* file, int32_t line, int32_t 
            strrchr(file, '\\') ? strrchr(file, '\\') + 1 : file, (int)line, (int)flag);
 }
 
-/* The host's own routine in entry 53 of the suite of blends. The plug-in writes this entry, but
-   serves it by the host's own routine. */
+/* The host's own routine in entry 53 of the suite of blends. The plug-in writes this entry with a
+   pass-through to the host's own routine. */
 static int64_t HostsOwn(int32_t a, int64_t b) { return a + b; }
 
 static int failures;
@@ -156,7 +156,7 @@ int main(int count, char** arguments) {
   Expect("selector 7, which is unknown", pluginMain(7, &block, 0, &result), -30300);
   Expect("  its result word", result, -30300);
 
-  /* A suite that reports an entry too few: nothing is installed. */
+  /* If a suite reports one entry too few, nothing is installed. */
   for (int i = 0; i < 10; ++i) {
     block.records[i].count = (int16_t)(kSuites[i].least - 1);
     Expect("start with a short table", pluginMain(1, &block, 0, &result), -1);
@@ -165,7 +165,7 @@ int main(int count, char** arguments) {
     block.records[i].count = i == 9 ? -1 : kSuites[i].least; /* any negative count is enough */
   }
 
-  /* A suite that the block does not list, but the capability query knows. */
+  /* A suite that the block does not list, but that the capability query knows. */
   struct SuiteRecord paths = block.records[9];
   unlisted = &paths;
   block.recordCount = 9;
@@ -196,7 +196,7 @@ int main(int count, char** arguments) {
     Expect("  copy, its last byte", copy[32], 200);
     Expect("  the byte behind it", copy[33], 0);
 
-    /* Entry 12 of the filters polls the host once, and returns its answer where it has no rows. */
+    /* Entry 12 of the filters polls the host once and returns the answer, even without rows. */
     typedef int64_t Deviation(const uint8_t*, uint8_t*, int32_t, int32_t, int32_t, int32_t);
     const int64_t answer = ((Deviation*)tables[kFilter][12])(source, copy, 0, 5, 5, 5);
     Expect("  a filter of no rows polls", answer, polls);
@@ -208,7 +208,8 @@ int main(int count, char** arguments) {
            INT64_C(49999999998));
   }
 
-  /* Path debugging that a host turns on without knowing the question is reported. */
+  /* A host that turns path debugging on, but says that it does not know the questions, gets
+     reports. */
   pathIsDebugged = 1;
   Expect("start with paths debugged", pluginMain(1, &block, 0, &result), 1);
   printf("  %s\n", asserted);

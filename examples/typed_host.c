@@ -1,4 +1,4 @@
-/* A small host that takes its types and numbers from include/vantrix.h: it starts the plug-in that
+/* A small host that takes its types and numbers from include/vantrix.h. It starts the plug-in that
    is named on the command line, multiplies two planes, and folds a path into a fill array.
    minimal_host.c states the same agreement without the header.
 
@@ -37,7 +37,7 @@ static struct {
   struct VantrixSuiteRecord records[kVantrixSuites];
 } block = {{0, kVantrixSuites}, {{0, 0, 0, NULL}}};
 
-/* What a real host has in its tables are its own routines. */
+/* A real host has its own routines in its tables. */
 static void NotCalled(void) { puts("a routine was called that nothing calls"); }
 
 static int64_t Poll(void) { return 0; }
@@ -99,8 +99,8 @@ int main(int count, char** arguments) {
   const int isProduct = memcmp(plane, product, sizeof plane) == 0;
   printf("product: %s\n", isProduct ? "right" : "WRONG");
 
-  /* One row of eight words, in which 2 to 8 is covered; the new shape goes from 5 to 10. Its
-     entries stand against the row's end. The second eight words are scratch. */
+  /* One row of eight words, in which 2 to 8 is covered. The new shape goes from 5 to 10; its
+     entries are at the end of the row. The second eight words are scratch. */
   struct {
     struct VantrixFillArray head;
     uint32_t words[16];
@@ -113,7 +113,7 @@ int main(int count, char** arguments) {
                     path.words[kVantrixFirstEntry] == 2 && path.words[kVantrixFirstEntry + 1] == 5;
   printf("path: %s\n", isCut ? "right" : "WRONG");
 
-  /* An array without rows is reported, since this host has its paths checked. */
+  /* An array without rows is reported, because this host asks for checks. */
   path.head.endRow = 0;
   fold(&path.head, kVantrixUnion, 1);
   if (!isProduct || !isCut || reports != 1) return 1;

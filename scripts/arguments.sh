@@ -1,5 +1,5 @@
-# Sourced by a script with the options that it knows in $options: prints what stands at the head of
-# the script for --help, and refuses what it does not know before anything is done.
+# Sourced by a script whose options are in $options: for --help it prints the comment at the head of
+# the script, and it refuses unknown options before anything is done.
 for argument in "$@"; do
   case $argument in
     -h | --help)

@@ -1,4 +1,4 @@
-"""Which kernels stand together on the page, and where a peer's work differs."""
+"""Which kernels are grouped on the page, and where a peer's work differs."""
 
 
 def blends(*slots):

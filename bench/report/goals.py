@@ -1,4 +1,4 @@
-"""The goals, and how each is judged: by the worst of its cases."""
+"""The goals. Each is judged by the worst of its cases."""
 
 from dataclasses import dataclass, field
 
@@ -6,13 +6,13 @@ from results import CACHED, PLANES, ROWS, WIDER
 
 RUNS = [16, 31, 64, 100, 128, 200, 256, 500, 1000, 4000, 16000, 64000, 1 << 18, 1 << 20, 1 << 24]
 IN_CACHE = PLANES[:2]
-NOISE = 0.97  # what two runs of one kernel differ by
+NOISE = 0.97  # the difference between two runs of one kernel
 SHORT_ROW_NOISE = 1.05
 
 
 @dataclass
 class Goal:
-    """`least` is how many times as long `against` must take at least."""
+    """`against` must take at least `least` times as long."""
 
     key: str
     what: str
@@ -25,7 +25,7 @@ class Goal:
     allowed: float = 1  # the part of `least` that counts as reached
 
     def worst(self, results):
-        """The least ratio, the case and the shape it was measured in."""
+        """Returns the least ratio, its case and its shape."""
         found = []
         for case in self.cases:
             for shape in self.shapes:
@@ -70,7 +70,7 @@ def level(key, what, *cases):
     return Goal("level-" + key, what, list(cases), 1, "peer", IN_CACHE, "installed", allowed=NOISE)
 
 
-# 32 bytes beside the better of the two forms of 16.
+# The 32-byte form compared with the better of the two 16-byte forms.
 WIDE_GOALS = [
     wide("full", "multiply, screen, overlay, hard light at full strength", FULL, 1.85),
     wide("modes", "modes under a mask or opacity", MODES_IN_PART, 1.85),
@@ -85,14 +85,14 @@ WIDE_GOALS = [
     wide("horizontal", "horizontal filters", HORIZONTAL, 1.6),
     wide("chosen", "lighten, darken at full strength, threshold copies", CHOSEN, 1.3),
 ]
-# 64 bytes beside 32.
+# The 64-byte form compared with the 32-byte form.
 WIDEST_GOALS = [
     widest("blends", "arithmetic blends, without division", NORMAL + EXTREMES_IN_PART + MODES_IN_PART + FULL, 1.3),
     widest("convolution", "vertical convolution", CONVOLUTION, 1.35),
     widest("vertical", "vertical filters", VERTICAL_8 + VERTICAL_FLOAT, 1.35),
     widest("horizontal", "horizontal filters", HORIZONTAL, 1.15),
 ]
-# The form that is installed beside the best peer.
+# The installed form compared with the best peer.
 PEER_GOALS = [
     level("normal", "masked normal blend", "blnd/2"),
     level("products", "multiply, screen", "blnd/24", "blnd/27", "blnd/74"),
@@ -103,7 +103,7 @@ PEER_GOALS = [
 ]
 MISALIGNED_GOALS = {"64x256": 1.25, "256x1024": 1.35}
 
-# The better form of 16 bytes beside ordinary code and the limit of its width.
+# The better 16-byte form compared with ordinary code and with the limit of its width.
 NARROW_GOALS = [
     Goal("products", "multiply, screen at full strength", blends(24, 27, 74), 1.5),
     Goal("mixes", "modes under a mask or opacity", NORMAL + EXTREMES_IN_PART + MODES_IN_PART, 4.8),
@@ -134,18 +134,18 @@ NARROW_GOALS = [
     Goal("equality-limit", "the same, of the read limit", EQUALITY, 0.8, "limit"),
     Goal("fill-arrays", "fill arrays, 2 to 16 crossings", FILL_ARRAYS, 2, shapes=["2", "4", "8", "16"], form="plain"),
 ]
-# Cycles a row at most, for the masked normal blend as it is installed.
+# The most cycles a row, for the masked normal blend as installed.
 ROW_GOALS = {"64x5": 12, "64x15": 12, "64x33": 16, "64x100": 40}
 
 
 def against_narrower(results, form, shapes):
-    """How many times as long as the next narrower form this one takes: ratio, case, shape."""
+    """Returns how many times as long as the next narrower form this one takes: ratio, case, shape."""
     return [(1 / ratio, case, shape) for case in list(results.values) for shape in shapes
             if (ratio := results.ratio(case, results.narrower(case, form, shape), shape, form))]
 
 
 def worst_misaligned(results, shape):
-    """Where misaligned planes cost most: how many times as long, the case and the form."""
+    """Returns where misaligned planes cost most: how many times as long, the case and the form."""
     found = [(ratio, case, form) for case in results.cases() for form in WIDER
              if (ratio := results.misaligned(case, form, shape))]
     return max(found, default=None)

@@ -52,7 +52,7 @@ def times(value):
 
 
 def several(values):
-    """Ratios side by side; nothing where there is none at all."""
+    """Returns ratios side by side; an empty text if there are none at all."""
     values = list(values)
     return " / ".join(map(times, values)) if any(values) else ""
 
@@ -180,7 +180,7 @@ class Page:
                       *(times(r.ratio(case, "vectorised", str(count), "plain")) for count in counts))
 
     def reason(self, key, case, shape):
-        """Why a goal is missed: in a slot, in a shape, or anywhere."""
+        """Returns why a goal is missed: in a slot, in a shape, or anywhere."""
         found = (self.notes.get(" ".join((key, where)).rstrip()) for where in (case.split(" ")[0], shape, ""))
         return next(filter(None, found), "")
 
@@ -257,7 +257,7 @@ class Page:
 
 
 def read_notes(path):
-    """Lines `key: reason`, continued by lines that are indented."""
+    """Reads lines `key: reason`, which indented lines continue."""
     notes, key = {}, None
     with open(path, encoding="utf-8") as file:
         for line in file:

@@ -1,5 +1,5 @@
-"""Prints the plot of a run: plot.py RESULTS.json SLOTS.md. One row a kernel, a bar a form: how
-many times as long as the limit of 16 bytes it takes, in planes of 256 KiB."""
+"""Prints the plot of a run: plot.py RESULTS.json SLOTS.md. It has a row for each kernel and a bar
+for each form: how many times as long as the 16-byte limit it takes, in planes of 256 KiB."""
 
 import math
 import sys
@@ -20,7 +20,7 @@ def place(ratio):
 
 
 def bars(results, case):
-    """Forms and how many times as long as the limit they take."""
+    """Yields forms, and how many times as long as the limit they take."""
     for name in COLORS:
         form = results.form(case, "vectorised" if name == "g++ -O3" else name, CACHED)
         if results.has(case, form, CACHED):
@@ -32,7 +32,7 @@ def height(rows):
 
 
 def classes(results):
-    """Titles with their kernels, each with its bars."""
+    """Yields titles with their kernels, each with its bars."""
     for title, cases in CLASSES:
         kernels = [(results.name(case), list(bars(results, case))) for case in cases
                    if results.has(case, "limit", CACHED) and not case.endswith(("disc", "tiles"))]
@@ -74,7 +74,7 @@ def main():
     results = Results(*sys.argv[1:])
     blocks = [(title, kernels, TITLE + sum(height(rows) for _, rows in kernels))
               for title, kernels in classes(results)]
-    # Columns as equal as whole classes allow.
+    # Makes columns as equal as whole classes allow.
     half = sum(size for _, _, size in blocks) / COLUMNS
     columns, filled = [[] for _ in range(COLUMNS)], 0
     for block in blocks:

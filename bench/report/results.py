@@ -10,11 +10,11 @@ CACHED = "256x1024"
 ROWS = ["64x5", "64x15", "64x33", "64x100"]
 BLOCK = "1x128"
 SIXTEEN = ["SSE2", "SSSE3"]  # forms of 16 bytes
-WIDER = ["AVX2", "AVX512"]  # narrowest first, as all lists of forms
+WIDER = ["AVX2", "AVX512"]  # narrowest first, as in all lists of forms
 FORMS = ["scalar"] + SIXTEEN + WIDER
 PEERS = ["libyuv", "OpenCV", "C library"]
-# A processor that takes 64-byte registers whole adds at least so many times the bytes a cycle
-# in them that it adds in 32-byte ones; one that splits them adds no more.
+# A processor that takes 64-byte registers whole adds at least this many times as many bytes a cycle
+# in them as in 32-byte registers; one that splits them adds no more.
 WHOLE_PORTS = 1.15
 
 
@@ -55,7 +55,7 @@ class Results:
         return f"{name}, {setting}" if setting else name
 
     def cases(self):
-        """Those of kernels, but for misaligned planes."""
+        """Returns the cases of kernels, except misaligned ones."""
         return [case for case in self.values if not case.startswith("path") and not case.endswith("misaligned")]
 
     def has(self, case, form, shape):
@@ -72,12 +72,12 @@ class Results:
                    for values in shapes.values())
 
     def widest(self):
-        """The widest form that runs on the processor that was measured."""
+        """Returns the widest form that runs on the processor that was measured."""
         return max((form for forms in self.values.values() for form in forms if form in FORMS),
                    key=FORMS.index, default=None)
 
     def installed(self, case):
-        """The form that stands in the slot on the processor that was measured."""
+        """Returns the form that is in the slot on the processor that was measured."""
         forms = self.values.get(case, {})
         return next((form for form in reversed(["plain"] + FORMS) if form in forms), None)
 
@@ -86,7 +86,7 @@ class Results:
         return min(forms, key=lambda form: self.least(case, form, shape), default=None)
 
     def form(self, case, role, shape):
-        """A form by its name or by its part: installed, 16-byte, peer, or its own limit."""
+        """Returns a form by its name or by its role: installed, 16-byte, peer, or own limit."""
         if role == "installed":
             return self.installed(case)
         if role == "16-byte":
@@ -98,37 +98,37 @@ class Results:
         return role
 
     def narrower(self, case, form, shape):
-        """The next narrower form that was measured, the best of several of one width."""
+        """Returns the next narrower form that was measured, the best if several have that width."""
         if form == "AVX512" and self.has(case, "AVX2", shape):
             return "AVX2"
         return self.best(case, SIXTEEN, shape) if form in WIDER else "scalar"
 
     def ratio(self, case, other, shape, form="installed"):
-        """How many times as long as `form` another takes; None if one was not measured."""
+        """Returns how many times as long as `form` another takes; None if one was not measured."""
         form, other = self.form(case, form, shape), self.form(case, other, shape)
         if not self.has(case, other, shape) or not self.has(case, form, shape):
             return None
         return self.least(case, other, shape) / self.least(case, form, shape)
 
     def misaligned(self, case, form, shape):
-        """How many times as long a form takes where no plane is aligned."""
+        """Returns how many times as long a form takes if no plane is aligned."""
         moved = case + " misaligned"
         if not self.has(moved, form, shape) or not self.has(case, form, shape):
             return None
         return self.least(moved, form, shape) / self.least(case, form, shape)
 
     def bytes_added(self, form):
-        """In a cycle, in registers; None where the form does not run."""
+        """Returns the bytes added a cycle, in registers; None if the form does not run."""
         added = self.context.get(f"bytes added per cycle, {form}")
         return added and float(added)
 
     def has_whole_ports(self):
-        """Whether 64-byte registers are taken whole; None where there are none."""
+        """Returns whether 64-byte registers are taken whole; None if there are none."""
         wide, half = self.bytes_added("AVX512"), self.bytes_added("AVX2")
         return wide and half and wide / half >= WHOLE_PORTS
 
     def spread(self):
-        """By how much medians exceed the least: in the middle case."""
+        """Returns the ratio of median to least value, in the median case."""
         return statistics.median(
             self.median(case, form, shape) / self.least(case, form, shape)
             for case, forms in self.values.items() for form, shapes in forms.items() for shape in shapes)

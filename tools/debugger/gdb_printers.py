@@ -1,4 +1,4 @@
-"""Printers for gdb: `source tools/debugger/gdb_printers.py`, and then `print`, `info locals`.
+"""Printers for gdb: `source tools/debugger/gdb_printers.py`, then `print` or `info locals`.
 
 Lanes are shown as numbers, planes with their first samples, fill arrays row by row.
 """

@@ -1,4 +1,4 @@
-"""Printers for lldb: `command script import tools/debugger/lldb_printers.py`, and then `frame variable`.
+"""Printers for lldb: `command script import tools/debugger/lldb_printers.py`, then `frame variable`.
 
 Lanes are shown as numbers, planes with their first samples, fill arrays row by row.
 """
@@ -27,7 +27,7 @@ def unpacked(kind, data):
 
 
 def read(value, address, size):
-    """Bytes of the program's memory; None where they cannot be read."""
+    """Returns bytes of the program's memory; None if they cannot be read."""
     error = lldb.SBError()
     data = value.GetProcess().ReadMemory(address, size, error)
     return data if error.Success() and len(data) == size else None

@@ -1,9 +1,9 @@
-"""How lanes, planes and fill arrays are shown; what the printers for gdb and lldb share."""
+"""How lanes, planes and fill arrays are shown. The printers for gdb and lldb share this code."""
 
 SHOWN_SAMPLES = 16  # of a plane's first row
 SHOWN_ENTRIES = 64  # of a row of a fill array
 SHOWN_ROWS = 1000
-GROUP_BYTES = 16  # lanes move within groups of so many bytes
+GROUP_BYTES = 16  # lanes move within groups of this many bytes
 HEAD_WORDS = 26
 FIRST_ROW, END_ROW, ROW_STRIDE = 1, 3, 5  # words of a fill array's head
 FIRST_ENTRY = 2
@@ -15,14 +15,14 @@ def numbers(values):
 
 
 def lanes(values, lane_bytes):
-    """A register, with a bar between its groups of 16 bytes."""
+    """Returns the text of a register, with a bar between its 16-byte groups."""
     group = max(1, GROUP_BYTES // lane_bytes)
     groups = [values[i:i + group] for i in range(0, len(values), group)]
     return f"{len(values)} x {lane_bytes * 8} bits [{' | '.join(map(numbers, groups))}]"
 
 
 def plane(address, stride, samples):
-    """A plane or a target. samples: the first ones of the row, or None where they cannot be read."""
+    """Returns the text of a plane or a target. samples: the first of the row, or None if unreadable."""
     start = "unreadable" if samples is None else f"{numbers(samples)} ..."
     return f"row at {address:#x}, stride {stride}: {start}"
 
@@ -47,7 +47,7 @@ class FillArray:
         return max(0, self.end_row - self.first_row) if self.row_stride >= FIRST_ENTRY else 0
 
     def row(self, index):
-        """What row `index`, counted from 0, holds: spans, and then crossings, each with its direction."""
+        """Returns what row `index`, counted from 0, holds: spans, then crossings with their directions."""
         start = HEAD_WORDS + index * self.row_stride
         room = self.row_stride - FIRST_ENTRY
         settled, pending = self._read(start, FIRST_ENTRY)
