@@ -28,7 +28,7 @@ constexpr char kAboutDecided[] =
     "host. They are tried last: a routine that is called with other arguments than its own may do "
     "anything.";
 
-// Builds that are the same routine in several forms stand under the name of the first.
+// Returns the builds that run here. One routine in several forms is listed under the first form.
 std::vector<NamedRoutine> BuildsOf(SuiteIndex suite, uint16_t slot) {
   std::vector<NamedRoutine> builds;
   for (int32_t form = 0; form < vantrixFormIndex.count; ++form) {
@@ -72,7 +72,7 @@ Candidate CandidateOf(const HostTables& tables, const host::SuiteEntry& suite, c
   return candidate;
 }
 
-// By suite and slot. Of two lines for one slot either stands for both.
+// Returns the candidates by suite and slot. If a slot has two lines, either one will do.
 std::vector<Candidate> Candidates(const HostTables& tables) {
   std::vector<Candidate> candidates;
   for (const host::SuiteEntry& suite : host::Catalog()) {

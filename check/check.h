@@ -1,4 +1,4 @@
-// The check: a host's own routines beside the plug-in's kernels.
+// Compares a host's own routines with the plug-in's kernels.
 #pragma once
 
 #include <chrono>
@@ -10,13 +10,14 @@
 namespace vantrix::check {
 
 struct Options {
-  int scenes = 1000;                           // a slot
-  std::chrono::milliseconds limit{10000};      // of a call
-  std::vector<std::filesystem::path> folders;  // where to write, the first that will do
+  int scenes = 1000;                           // per slot
+  std::chrono::milliseconds limit{10000};      // per call
+  std::vector<std::filesystem::path> folders;  // for the report; the first that works is used
 };
 
-// Compares every served slot, those last about which something was decided here, and writes the
-// report. Returns what to tell the host. The processor's features are known, the tables built.
+// Compares every served slot and writes the report. Slots about which something was decided here
+// come last. Returns the message for the host. The processor's features must be known, and the
+// shared tables built.
 std::string Check(const HostTables& tables, const Options& options);
 
 }  // namespace vantrix::check

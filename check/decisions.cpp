@@ -9,7 +9,7 @@ struct Decision {
   const char* words;
 };
 
-// Where a host's routine is another, the kernel does not fit it, and the line tells where to look.
+// If a host's routine differs, the kernel does not fit it, and the line says where to look.
 constexpr Decision kDecisions[] = {
     {kBlend, 96,
      "The order of the two strides is not written down. They are taken in the order of their "

@@ -1,4 +1,4 @@
-// What was decided here about a slot, because nobody has written down what hosts do.
+// What was decided here about a slot, because what hosts do is not written down.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace vantrix::check {
 
-// In words; null where a slot's arguments and arithmetic are settled.
+// Returns the decision in words; null if a slot's arguments and arithmetic are settled.
 const char* DecisionAbout(SuiteIndex suite, uint16_t slot);
 
 }  // namespace vantrix::check

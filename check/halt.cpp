@@ -36,12 +36,12 @@ void StayLoaded() {
 
 namespace {
 
-// Of the signals for a program's own use, the last.
+// Returns the last of the signals for a program's own use.
 int HaltSignal() { return SIGRTMAX; }
 
 std::atomic<bool> isHalted;
 
-// With every signal kept from the thread, it never goes on.
+// Blocks every signal, so that the thread never goes on.
 void Halt(int) {
   isHalted = true;
   sigset_t all;
@@ -68,7 +68,7 @@ bool HaltForGood(uintptr_t thread) {
   pthread_kill(static_cast<pthread_t>(thread), HaltSignal());
   for (int turn = 0; turn < 1000 && !isHalted; ++turn)
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  // A signal that is still on its way needs its handler.
+  // A signal that has not arrived yet still needs its handler.
   if (isHalted) sigaction(HaltSignal(), &before, nullptr);
   return isHalted;
 }

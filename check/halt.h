@@ -1,18 +1,18 @@
-// Stops a thread that does not come back.
+// Stops a thread in a routine that does not return.
 #pragma once
 
 #include <cstdint>
 
 namespace vantrix::check {
 
-// The system's name of the thread that asks, which can be stopped from then on.
+// Returns the system's identifier of the calling thread, which can be stopped from then on.
 uintptr_t HaltableThread();
 
-// Stops another thread where it is, for good. It keeps what it holds, and neither runs, writes nor
-// faults any more, whatever happens to the memory about it. False where it could not be stopped.
+// Stops another thread for good, wherever it is. It keeps what it holds, and no longer runs, writes
+// or faults, whatever happens to the memory around it. Returns false if it could not be stopped.
 bool HaltForGood(uintptr_t thread);
 
-// This library stays loaded until the process ends: a thread stands in its code.
+// Keeps this library loaded until the process ends: a stopped thread is in its code.
 void StayLoaded();
 
 }  // namespace vantrix::check

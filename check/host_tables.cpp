@@ -16,7 +16,7 @@ struct Block {
   SuiteRecord records[kSuiteCount];
   Routine routines[kSuiteCount][kMostEntries];
 };
-// Stays, as a thread that could not be stopped may reach it.
+// Never freed, as a thread that could not be stopped may reach it.
 Block copies;
 
 int64_t PollNobody() { return 0; }

@@ -1,4 +1,4 @@
-// The host's tables, as the check reads them and our kernels find them.
+// The host's tables, as the check reads them and our kernels use them.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace vantrix::check {
 
-// A host's parameter block in which all ten suites are found.
+// A host's parameter block. It must contain all ten suites.
 class HostTables {
  public:
   explicit HostTables(const SuiteParameterBlock* block);
@@ -15,7 +15,7 @@ class HostTables {
   const SuiteRecord& Record(SuiteIndex suite) const { return *records_[suite]; }
   Routine At(SuiteIndex suite, uint16_t slot) const { return Record(suite).routines[slot]; }
 
-  // Whether it debugs paths, so that fill arrays need guard words.
+  // Whether the host debugs paths, so that fill arrays need guard words.
   bool DebugsPaths() const;
   void Say(const std::string& message) const;
 
@@ -23,8 +23,8 @@ class HostTables {
   const SuiteRecord* records_[kSuiteCount];
 };
 
-// Our kernels reach the host's routines from now on, but for two services that are called on the
-// host's own threads: they poll and report to nobody.
+// Makes our kernels call the host's routines from now on, except two services, which belong on the
+// host's own threads: polls and reports go nowhere.
 void GiveKernels(const HostTables& tables);
 
 }  // namespace vantrix::check

@@ -1,4 +1,4 @@
-// A file whose text outlives the process and the system, however they end.
+// A file whose text survives the process and the system, however they end.
 #pragma once
 
 #include <cstdio>
@@ -10,17 +10,17 @@ namespace vantrix::check {
 
 class KeptFile {
  public:
-  // Opens a new file in place of one that stands there.
+  // Opens an empty file, in place of an existing one.
   explicit KeptFile(const std::filesystem::path& path);
 
-  // Appends: the text outlives this process.
+  // Appends text, which survives this process.
   void Append(const std::string& text);
-  // Waits until all of it is on the disk: it outlives the system.
+  // Waits until all the text is on the disk, where it survives the system.
   void Keep();
 
   void Remove();
 
-  // Whether it could be opened, and all was written so far.
+  // Whether the file could be opened and everything was written so far.
   bool IsGood() const { return isGood_; }
   const std::filesystem::path& Path() const { return path_; }
 

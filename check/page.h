@@ -9,11 +9,11 @@ namespace vantrix::check::page {
 
 std::string Head(const std::string& title, const std::string& about, const Facts& facts);
 std::string GroupStart(const std::string& title, const std::string& about);
-// A row says that its slot is being tried until its end follows.
+// Until its end follows, a row says that the process ended while its slot was tried.
 std::string RowStart(const Candidate& candidate);
 std::string RowEnd(const Candidate& candidate, const Verdict& verdict);
 std::string GroupEnd();
-// Shown first.
+// Shown above the groups.
 std::string Foot(const std::string& counts, const std::string& more);
 
 }  // namespace vantrix::check::page

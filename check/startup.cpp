@@ -1,4 +1,4 @@
-// Start-up of the check: the plug-in's own, up to where that would install its kernels.
+// Start-up of the check: the same as the plug-in's, up to where that installs its kernels.
 #include "plugin/startup.h"
 
 #include <exception>
@@ -14,7 +14,7 @@ extern "C" vantrix::PluginMainRoutine PluginMain;
 namespace vantrix {
 namespace {
 
-// Nothing that goes wrong here is the host's affair.
+// Runs the check. No exception in it may reach the host.
 std::string CheckBesideLibrary(const check::HostTables& tables) {
   try {
     check::Options options;

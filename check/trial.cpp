@@ -22,20 +22,21 @@ using host::Outcome;
 
 constexpr char kHosts[] = "the host's routine";
 
-// As start-up of the plug-in leaves it in the thread that calls it; all else as systems give it.
+// As the plug-in's start-up leaves it in the thread that calls it: flush-to-zero is set, and the
+// rest is as systems set it.
 constexpr uint32_t kFloatControl = 0x9F80;
 
 std::string Count(int count, const char* what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-// A routine that does nothing: with it an exercise leaves the planes as they are before a call.
+// Does nothing: an exercise that calls this leaves the planes as they are before a call.
 uint64_t DoNothing() { return 0; }
 
 }  // namespace
 
-// What a thread works on and its watcher looks at. It belongs to both, and stays where the thread
-// does not end.
+// What a thread works on and its watcher looks at. Both own it, and it stays if the thread does not
+// end.
 struct Trials::Trial {
   Trial(const Candidate& slot, int count, std::shared_ptr<host::Arena> memory)
       : candidate(slot), scenes(count), arena(std::move(memory)) {}
@@ -46,7 +47,7 @@ struct Trials::Trial {
 
   std::mutex mutex;
   std::condition_variable ends;
-  std::optional<Verdict> settled;  // once it has ended
+  std::optional<Verdict> settled;  // set when the trial has ended
 
   std::atomic<uintptr_t> thread = 0;
   std::atomic<uint32_t> calls = 0;  // begun
@@ -56,7 +57,8 @@ struct Trials::Trial {
   void Run();
 
  private:
-  // Scenes of one kind, those in which results differ, and the first of these.
+  // Counts the scenes of one kind and those in which results differ, and describes the first of
+  // these.
   struct Tally {
     int scenes = 0, different = 0;
     std::string first;
@@ -73,7 +75,7 @@ struct Trials::Trial {
   Tally apart_, overlapping_;
   std::vector<bool> formDiffers_;
   std::string stop_;  // what ended the trial early
-  // Scenes in which the host's routine left its planes, and the first of these.
+  // Scenes in which the host's routine accessed memory outside its planes, and the first of these.
   int faults_ = 0;
   std::string firstFault_;
 };
@@ -105,8 +107,9 @@ Verdict Trials::Trial::CompareInAll() {
                               NameOf(verdict.kind) + " " + verdict.words + " First " + firstFault_};
 }
 
-// A routine that reads on behind its planes, as hosts with room about theirs can allow, is worth
-// its other scenes. One that is not what it is taken for is not called again.
+// Whether to go on after a fault of the host's routine. A routine that reads past the end of its
+// planes, as hosts with room around theirs can allow, is tried in its other scenes. A routine that
+// may not be the expected one is not called again.
 bool Trials::Trial::MayGoOn(const char* fault) {
   constexpr int kFew = 10;
   if (candidate.decision || std::string_view(fault) != host::kWildAccess) return false;
@@ -118,7 +121,7 @@ std::string Trials::Trial::InThisScene(const Outcome& outcome) const {
          host::ArgumentsText(outcome, candidate.arguments) + ".";
 }
 
-// What stopped the routine, or null; the outcome is what it left until then.
+// Returns what stopped the routine, or null; the outcome is what it left until then.
 const char* Trials::Trial::Call(const char* name, Routine routine, Outcome* outcome) {
   who = name;
   ++calls;
@@ -229,7 +232,7 @@ Verdict Trials::Abandon(const Trial& trial, std::thread* thread) {
   StayLoaded();
   const bool isHalted = HaltForGood(trial.thread);
   thread->detach();
-  // Nobody else may use its planes.
+  // No other trial may use its planes.
   arena_.reset();
   ++halted_;
   return {Kind::kFaulted, std::string(trial.who) + " did not return within " +

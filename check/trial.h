@@ -9,17 +9,18 @@
 
 namespace vantrix::check {
 
-// Compares slot after slot. A routine that faults, writes beside its planes or does not return
-// costs its slot alone.
+// Compares one slot after another. A routine that faults, writes outside its planes or does not
+// return affects only its slot.
 class Trials {
  public:
-  // `limit` is how long a call may take at most. It is noticed within twice that time.
+  // `limit` is the longest time that a call may take. A longer call is noticed within twice that
+  // time.
   Trials(int scenes, std::chrono::milliseconds limit) : scenes_(scenes), limit_(limit) {}
 
   // Runs the scenes with the host's routine and with each form.
   Verdict Try(const Candidate& candidate);
 
-  // How many threads stand still for good, in routines that did not return.
+  // Returns how many threads were abandoned in routines that did not return.
   int HaltedThreads() const { return halted_; }
 
  private:
@@ -30,7 +31,7 @@ class Trials {
 
   int scenes_;
   std::chrono::milliseconds limit_;
-  // Those of the last trial, where its thread has ended.
+  // The planes of the last trial, if its thread has ended.
   std::shared_ptr<host::Arena> arena_;
   int halted_ = 0;
 };

@@ -1,4 +1,4 @@
-// What a slot is compared by, and what came of it.
+// What is compared for a slot, and the result.
 #pragma once
 
 #include <string>
@@ -15,15 +15,15 @@ struct NamedRoutine {
 
 // A served slot: the host's routine, and our kernel in every form that this processor runs.
 struct Candidate {
-  std::string name;       // as blnd:2
+  std::string name;       // such as blnd:2
   const char* routine;    // our name for it
   const char* arguments;  // their names, separated by commas
-  bool isBoolean;         // its answer stands in the low byte, with anything above it
+  bool isBoolean;         // its result is in the low byte, with anything above it
   host::Exercise* exercise;
   Routine hosts;
   std::vector<NamedRoutine> forms;
-  const char* decision;  // what was decided here about it; null where nothing was
-  std::string notTried;  // why it cannot be compared; empty where it can
+  const char* decision;  // what was decided here about it; null if nothing was
+  std::string notTried;  // why it cannot be compared; empty if it can
 };
 
 struct Verdict {
@@ -32,7 +32,7 @@ struct Verdict {
   std::string words;
 };
 
-// In one word or two.
+// Returns one word or two.
 const char* NameOf(Verdict::Kind kind);
 
 }  // namespace vantrix::check

@@ -9,14 +9,14 @@ using host::Outcome;
 
 std::string Text(auto number) { return std::to_string(number); }
 
-// A byte of a row, or one beside it.
+// A byte of a row, or one outside it.
 struct Place {
   ptrdiff_t row, column;
 };
 Place PlaceOf(const Outcome::Window& window, size_t index) {
   const ptrdiff_t fromFirst = window.start + index - window.first;
   if (window.stride == 0) return {0, fromFirst};
-  // The row whose bytes are nearest below, whichever way the rows run.
+  // The row with the nearest start at or below the byte, whichever way the rows run.
   const ptrdiff_t size = std::abs(window.stride);
   const ptrdiff_t below = fromFirst >= 0 ? fromFirst / size : -((-fromFirst + size - 1) / size);
   return {window.stride < 0 ? -below : below, fromFirst - below * size};

@@ -5,8 +5,9 @@
 
 namespace vantrix::check {
 
-// Where a routine changed a byte beside its planes that ours left alone; empty where it changed
-// none. `before` is what the planes hold where nothing is called. Arguments are told by the caller.
+// Returns where the host's routine changed a byte outside its planes that ours left alone; empty if
+// it changed none. `before` is what the planes hold if nothing is called. The caller names the
+// arguments.
 std::string WordsOfStray(const host::Outcome& before, const host::Outcome& hosts,
                          const host::Outcome& ours);
 

@@ -15,7 +15,7 @@ constexpr char kAbout[] =
     "A small host: it lists its routine suites, starts the plug-in as any host does, and calls\n"
     "routines through its own tables.";
 
-// A number in a range, which what is no number is not.
+// Accepts a number in a range. Text that is not a number is not in it, and neither is NaN.
 CLI::Validator Between(double least, double most) {
   return CLI::Validator(
       [=](const std::string& text) {
@@ -26,7 +26,8 @@ CLI::Validator Between(double least, double most) {
       "");
 }
 
-// Decimal digits alone: the parser would take octal and hexadecimal ones, spaces and signs too.
+// Accepts decimal digits only: the parser would also take octal and hexadecimal digits, spaces and
+// signs.
 std::string WrongWithNumber(const std::string& text) {
   const bool isNumber = !text.empty() && text.find_first_not_of("0123456789") == text.npos &&
                         (text == "0" || text[0] != '0');

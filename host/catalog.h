@@ -1,5 +1,5 @@
-// The ten suites as this host has them: which slots the plug-in takes over, and the
-// host's own routines for those whose contract is settled.
+// The ten suites of this host: the slots that the plug-in writes, and the references for the slots
+// whose contract is settled.
 #pragma once
 
 #include <array>
@@ -15,25 +15,25 @@ namespace vantrix::host {
 struct SuiteEntry {
   SuiteIndex index;
   const char* name;             // the four-character code
-  std::span<const Slot> slots;  // what the plug-in writes, in its order
+  std::span<const Slot> slots;  // that the plug-in writes, in its order
   std::span<const Reference> references;
 };
 
 const std::array<SuiteEntry, kSuiteCount>& Catalog();
 
-// As a person names a slot: blnd:2.
+// Returns the name of a slot as a user writes it: blnd:2.
 std::string SlotName(const SuiteEntry& suite, uint16_t slot);
 
-// What is said of a name that is none of a slot that the plug-in writes.
+// Returns the message for a name that is not a slot that the plug-in writes.
 std::string WritesNoSlot(const std::string& name);
 
-// Null where the host has no routine of its own for the slot.
+// Returns the reference for a slot; null if the host has none.
 const Reference* FindReference(const SuiteEntry& suite, uint16_t slot);
 
-// What a suite's table says of a slot; null where the plug-in does not write it.
+// Returns a slot's line in the suite's table; null if the plug-in does not write the slot.
 const Slot* FindSlot(const SuiteEntry& suite, uint16_t slot);
 
-// What the words of the rules stand for, in sentences.
+// Defines the functions that the rules name, in sentences.
 extern const char kRuleWords[];
 
 // Whether this processor opens a gate.

@@ -8,24 +8,25 @@
 
 namespace vantrix::host {
 
-// How many words the block takes: head, rows, calc buffer and, where arrays are guarded,
-// two guard words. Rows below 1 take none.
+// Returns the number of words in the block: head, rows, calc buffer and, if arrays are guarded, two
+// guard words. A row count below 1 counts as 0.
 size_t FillArrayWords(int32_t rows, int32_t rowStride, bool isGuarded);
 
-// Makes a head in the block's first words; the rows follow it in memory. Words that the
-// plug-in does not read stay as they are.
+// Writes a head into the block's first words; the rows follow it in memory. Words that the plug-in
+// does not read stay as they are.
 FillArray* StartFillArray(uint32_t* block, int32_t firstRow, int32_t rows, int32_t rowStride);
 
-// The record of a row, counted from 0.
+// Returns the record of a row, counted from 0.
 uint32_t* RowOf(FillArray* array, int32_t row);
 
-// Appends a pending entry to a row, before those that it has.
+// Adds a pending entry to a row, in front of those that it has.
 void AddCrossing(FillArray* array, int32_t row, uint32_t position, bool isUpward);
 
-// What a routine that folds a row leaves behind its entries is its own affair: makes it 0.
+// Clears a row past the end of its settled entries. What a routine that folds the row leaves there
+// does not matter.
 void ClearBehindEntries(uint32_t* row, int32_t rowStride);
 
-// A fill array of its own, with all rows empty.
+// A fill array that owns its memory. All rows are empty at first.
 class FillArrayBlock {
  public:
   FillArrayBlock(int32_t firstRow, int32_t rows, int32_t rowStride, uint32_t guard = 0);
@@ -37,8 +38,8 @@ class FillArrayBlock {
   // The settled entries of a row.
   std::vector<uint32_t> Spans(int32_t row) const;
 
-  // Whether all rows hold the same settled and pending entries. What else is in a row,
-  // or in the calc buffer, is nobody's.
+  // Whether all rows hold the same settled and pending entries. The rest of a row and the calc
+  // buffer are not compared.
   friend bool operator==(const FillArrayBlock& a, const FillArrayBlock& b);
 
  private:

@@ -1,4 +1,4 @@
-// The forms of the kernels, as the loaded plug-in tells them.
+// The forms of the kernels, as the loaded plug-in reports them.
 #pragma once
 
 #include <string>
@@ -7,16 +7,16 @@
 
 namespace vantrix::host {
 
-// The plug-in's table of its forms; null where its library holds none.
+// Returns the plug-in's table of its forms; null if its library has none.
 const FormIndex* FindFormIndex(PluginMainRoutine* loaded);
 
-// The narrowest form whose build of the slot a routine is; empty where none is.
+// Returns the narrowest form in which the slot's build is this routine; empty if there is none.
 std::string FormOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, Routine routine);
 
-// The names of the forms that a slot has builds in, separated by commas.
+// Returns the names of the forms that a slot has builds in, separated by commas.
 std::string FormsOf(const FormIndex& index, SuiteIndex suite, uint16_t slot);
 
-// The names of the forms that run here, separated by commas.
+// Returns the names of the forms that run here, separated by commas.
 std::string RunningForms(const FormIndex& index);
 
 }  // namespace vantrix::host

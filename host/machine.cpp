@@ -40,7 +40,8 @@ Function* FindInSystem(const char* name) {
 
 }  // namespace
 
-// The system itself tells its version; other functions tell what a program was made for.
+// Asks the system itself for its version: other functions return the one that a program was made
+// for.
 std::string SystemName() {
   OSVERSIONINFOW version = {};
   version.dwOSVersionInfoSize = sizeof version;

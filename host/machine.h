@@ -5,10 +5,10 @@
 
 namespace vantrix::host {
 
-// What the processor calls itself.
+// Returns the name that the processor reports.
 std::string ProcessorName();
 
-// The system and its version.
+// Returns the name and the version of the system.
 std::string SystemName();
 
 }  // namespace vantrix::host

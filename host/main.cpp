@@ -8,7 +8,7 @@
 
 #if defined(_WIN32)
 #include <windows.h>
-// After it, as it needs its types.
+// After windows.h, whose types it needs.
 #include <shellapi.h>
 #endif
 
@@ -33,9 +33,9 @@ namespace {
 
 using Command = Request::Command;
 
-constexpr int kScenesOfShortLook = 200;  // a slot
+constexpr int kScenesOfShortLook = 200;  // per slot
 
-// While a routine may end the program, with status 0 as well.
+// Set while a routine may end the program, even with status 0.
 bool isAtWork;
 
 [[noreturn]] void Fail(const std::string& reason) {
@@ -58,7 +58,7 @@ void StartPlugin(PluginMainRoutine* pluginMain, const Tables& tables) {
     Fail("start-up failed with " + std::to_string(outcome) + ", result " + std::to_string(result));
 }
 
-// What a question about a result needs first: which programs made it.
+// Prints which programs make the results. A question about a result needs that first.
 void PrintLibrary(const std::filesystem::path& library, const FormIndex* index) {
   std::printf("vantrix-host %s\nstarted %s\n", Version(), TextOf(library).c_str());
   std::printf("  version %s\n  SHA-256 %s\n",
@@ -66,7 +66,7 @@ void PrintLibrary(const std::filesystem::path& library, const FormIndex* index) 
               Sha256OfFile(library).c_str());
 }
 
-// What the processor has, and which forms the plug-in found that it runs.
+// Prints what the processor has, and which forms it runs according to the plug-in.
 void PrintProcessor(const FormIndex* index) {
   const auto show = [](const char* name, bool has) {
     std::printf("  %s %s\n", has ? "+" : "-", name);
@@ -81,14 +81,15 @@ void PrintProcessor(const FormIndex* index) {
   for (int32_t form = 0; form < index->count; ++form) show(index->names[form], index->runs(form));
 }
 
-// Says what was started. The index of the forms; null where the plug-in tells none.
+// Prints what was started. Returns the index of the forms; null if the plug-in has none.
 const FormIndex* Introduce(PluginMainRoutine* pluginMain) {
   const FormIndex* const index = FindFormIndex(pluginMain);
   PrintLibrary(PathOfLibrary(pluginMain), index);
   return index;
 }
 
-// A folder for results beside this program, or where a user may write in any case.
+// Returns a folder for results: beside this program or, if nothing can be written there, among the
+// temporary files.
 std::filesystem::path FolderOfOwn() {
   constexpr char kName[] = "vantrix-demo";
   std::string error;
@@ -96,7 +97,7 @@ std::filesystem::path FolderOfOwn() {
   return MakeFolder(beside, &error) ? beside : std::filesystem::temp_directory_path() / kName;
 }
 
-// What a person sees who double-clicks the program: a short look at everything.
+// Shows a short look at everything to a user who double-clicks the program.
 int RunInOwnWindow() {
   KeepWindowAtEnd();
   const Tables tables;
@@ -123,19 +124,19 @@ bool IsUntouched(const Tables& tables) {
   return true;
 }
 
-// What the check library tells its host: that it compared, and where its report is.
+// Whether the check library said that nothing differed or faulted, and where its report is.
 bool IsGoodReport(const std::string& report) {
   return report.find(" 0 different, 0 faulted") != report.npos &&
          report.find("; the report is in ") != report.npos;
 }
 
-// How to call this program with a plug-in.
+// Returns the command that calls this program with a plug-in.
 std::string Called(const std::filesystem::path& plugin) {
   return plugin == DefaultPluginPath() ? "vantrix-host"
                                        : "vantrix-host --plugin \"" + TextOf(plugin) + '"';
 }
 
-// The status that work ends with. Routines that fault are named by `verify`.
+// Returns the status that work ends with. Ends the program if a routine faults; `verify` names it.
 int StatusOf(const std::function<bool()>& work) {
   const FaultWatch watch;
   bool isGood = false;
@@ -184,7 +185,7 @@ int Run(std::vector<std::string> arguments) {
   }
 }
 
-// In UTF-8.
+// Returns the arguments in UTF-8.
 std::vector<std::string> Arguments(int count, char** arguments) {
 #if defined(_WIN32)
   static_cast<void>(arguments);
@@ -216,7 +217,7 @@ int main(int count, char** arguments) {
     vantrix::host::Fail("out of memory");
   }
   vantrix::host::isAtWork = false;
-  // What was printed is written only now, and may not have been.
+  // Output may be written only now, and that may fail.
   if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
     std::fputs("vantrix-host: cannot write the output\n", stderr);
     return 1;

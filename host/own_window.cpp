@@ -3,7 +3,7 @@
 #if defined(_WIN32)
 
 #include <windows.h>
-// After it, as they need its types.
+// After windows.h, whose types they need.
 #include <conio.h>
 #include <io.h>
 #include <shellapi.h>

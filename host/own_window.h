@@ -1,18 +1,18 @@
-// A program that was started by a double click: the system opens a window for it, and closes it
-// when it ends.
+// The window of a program that was started by a double click: the system opens it, and closes it
+// when the program ends.
 #pragma once
 
 #include <filesystem>
 
 namespace vantrix::host {
 
-// Whether this program alone writes to the window that it runs in. A shell would be there too.
+// Whether this program is alone in the window that it runs in. A shell would be there too.
 bool HasOwnWindow();
 
-// From now on the program's end waits for a key, so that what it printed can be read.
+// Makes the program wait for a key when it ends, so that its output can be read.
 void KeepWindowAtEnd();
 
-// Shows a file as a double click on it would. False where that cannot be done.
+// Opens a file as a double click on it would. Returns false if that fails.
 bool OpenFile(const std::filesystem::path& path);
 
 }  // namespace vantrix::host

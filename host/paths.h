@@ -1,4 +1,4 @@
-// Paths as programs are given them and show them: in UTF-8 on every system.
+// Paths as programs receive and show them: in UTF-8 on every system.
 #pragma once
 
 #include <filesystem>

@@ -60,7 +60,8 @@ std::filesystem::path ThisProgram() {
 std::filesystem::path DefaultPluginPath() { return ThisProgram().parent_path() / kFileName; }
 std::filesystem::path DefaultCheckPath() { return ThisProgram().parent_path() / kCheckName; }
 
-// By its whole path: a bare name would be searched for, and another library could be found.
+// Loads by the absolute path: a bare name would be searched for, and another library could be
+// found.
 PluginMainRoutine* LoadPlugin(const std::filesystem::path& path, std::string* error) {
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) {
@@ -101,7 +102,7 @@ bool LiesInPlugin(Routine routine) {
   if (!dladdr(reinterpret_cast<void*>(routine), &library)) return false;
   void* const loaded = dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD);
   if (!loaded) return false;
-  // One that another library lends it is not its own.
+  // An entry point that another library lends it is not its own.
   void* const entry = dlsym(loaded, kEntryPoint);
   dlclose(loaded);
   return entry && dladdr(entry, &entrysLibrary) && entrysLibrary.dli_fbase == library.dli_fbase;

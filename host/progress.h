@@ -1,4 +1,4 @@
-// How far long work has come, for a person who waits at a terminal.
+// The progress of long work, for a user who waits at a terminal.
 #pragma once
 
 #include <chrono>
@@ -6,8 +6,8 @@
 
 namespace vantrix::host {
 
-// One line on standard error, written over itself, once a second from the second second on, with
-// the time that is left. Nothing where standard error is no terminal.
+// Rewrites one line on standard error, at most once a second and not in the first second, with the
+// time that is left. Writes nothing if standard error is not a terminal.
 class Progress {
  public:
   Progress();
@@ -15,9 +15,9 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
-  // `part` of the work is done, 0 to 1; `what` is being done.
+  // `part` is how much of the work is done, 0 to 1; `what` is what is being done.
   void Show(double part, const std::string& what);
-  // Takes the line away, so that something else may be printed.
+  // Clears the line, so that something else may be printed.
   void Clear();
 
  private:
@@ -25,10 +25,10 @@ class Progress {
   const bool isWatched_;
   const Clock::time_point start_ = Clock::now();
   Clock::time_point shown_ = start_;
-  size_t length_ = 0;  // of the line that stands there
+  size_t length_ = 0;  // of the line that is shown
 };
 
-// About how long that is, in words: "40 s", "3 min".
+// Returns a rounded time in words: "40 s", "3 min".
 std::string InWords(std::chrono::duration<double> time);
 
 }  // namespace vantrix::host

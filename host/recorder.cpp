@@ -10,7 +10,7 @@
 namespace vantrix::host {
 namespace {
 
-// In registers and beyond them.
+// Passed in registers and on the stack.
 using Arguments = std::tuple<int64_t, double, const void*, float, uint8_t, int32_t, int64_t,
                              const void*, double, int16_t, uint64_t>;
 struct RecordedCall {

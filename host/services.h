@@ -8,7 +8,7 @@
 
 namespace vantrix::host {
 
-// What the services answer, and what they were asked and told.
+// What the services return, and what they received.
 struct Services {
   bool debugsPaths = false;
   uint64_t pathGuardValue = 0;
@@ -16,14 +16,14 @@ struct Services {
 
   int polls = 0;
   int reports = 0;
-  std::string report;  // the last
+  std::string report;  // the last one
   struct Noise {
     uint8_t* base = nullptr;
     uint32_t count = 0, size = 0;
     friend bool operator==(const Noise&, const Noise&) = default;
   } noise;
 };
-// Each thread's own, as a host's threads count for themselves.
+// Each thread has its own and counts its own calls, as in a host.
 extern thread_local Services services;
 
 // What TakeNoiseBuffer returns.

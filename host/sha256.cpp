@@ -14,7 +14,7 @@ namespace {
 
 using Words = std::array<uint32_t, 8>;
 
-// The first 32 bits behind the point of the roots of the first primes.
+// Returns the first 32 bits of the fractions of the roots of the first primes.
 template <size_t kCount>
 std::array<uint32_t, kCount> RootsOfPrimes(long double (*root)(long double)) {
   std::array<uint32_t, kCount> words;

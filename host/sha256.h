@@ -1,4 +1,4 @@
-// The checksum by which a file is known.
+// The checksum that identifies a file.
 #pragma once
 
 #include <filesystem>
@@ -7,9 +7,9 @@
 
 namespace vantrix::host {
 
-// SHA-256, in 64 hexadecimal digits.
+// Returns the SHA-256 in 64 hexadecimal digits.
 std::string Sha256(std::span<const char> bytes);
-// Of a file; empty if it cannot be read.
+// The same for a file; empty if it cannot be read.
 std::string Sha256OfFile(const std::filesystem::path& path);
 
 }  // namespace vantrix::host

@@ -8,7 +8,7 @@
 namespace vantrix::host {
 namespace {
 
-// The lines of a suite by slot; two lines for one slot become one with both gates.
+// The line of a slot. Two lines of a suite for one slot become one with both gates.
 struct Line {
   uint16_t index;
   std::string gates;
@@ -35,7 +35,7 @@ std::vector<Line> LinesOf(const SuiteEntry& suite) {
 
 const char* StateOf(const Slot& slot) { return slot.IsServed() ? "served" : "passed through"; }
 
-// The form of a slot's kernel; nothing where no kernel of the plug-in stands.
+// Returns the form of a slot's kernel; empty if the slot has no kernel of the plug-in.
 std::string FormIn(const Tables& tables, const FormIndex* index, SuiteIndex suite,
                    const Line& line) {
   if (!line.isOpen || !line.slot->IsServed()) return {};
@@ -45,14 +45,14 @@ std::string FormIn(const Tables& tables, const FormIndex* index, SuiteIndex suit
   return form.empty() ? "form not told" : form;
 }
 
-// As a cell of a table holds it.
+// Escapes text for a cell of a Markdown table.
 std::string InCell(const char* text) {
   std::string cell;
   for (; *text; ++text) cell += *text == '|' ? "\\|" : std::string(1, *text);
   return cell;
 }
 
-// Lines behind a closed gate are counted apart where it is this processor that matters.
+// Counts lines by state. Those with a closed gate count separately if only this processor matters.
 struct Counts {
   int served = 0, passed = 0, closed = 0;
 

@@ -1,4 +1,4 @@
-// Shows the slot tables.
+// Prints the slot tables.
 #pragma once
 
 #include "host/forms.h"
@@ -6,12 +6,12 @@
 
 namespace vantrix::host {
 
-// What start-up did with every suite, and which form of its kernel stands in each slot,
-// where the plug-in's index tells it. False when the slots that changed are not exactly
-// those whose gates this processor opens.
+// Prints what start-up did with every suite, and the form of the kernel in each slot, if the
+// plug-in's index reports it. Returns false if the slots that changed are not exactly those whose
+// gates this processor opens.
 bool PrintSlots(const Tables& tables, const FormIndex* index);
 
-// The page of slots, as docs/SLOTS.md holds it: nothing that differs between processors.
+// Prints the page of slots that is in docs/SLOTS.md. Nothing in it differs between processors.
 void PrintSlotPage(const FormIndex& index);
 
 }  // namespace vantrix::host

@@ -11,8 +11,8 @@ namespace vantrix::host {
 
 class Tables {
  public:
-  // All ten suites with the host's defaults: the reference routine of each settled
-  // slot, and in every other entry one that records its calls.
+  // All ten suites with the host's defaults: the reference of each settled slot, the core services,
+  // and in every other entry a routine that records its calls.
   Tables();
 
   const SuiteParameterBlock* Block() const {

@@ -11,11 +11,11 @@
 namespace vantrix::host {
 namespace {
 
-// What a slot came to: in how many scenes it was tried, and what is wrong, if anything.
+// The result for a slot: in how many scenes it was tried, and what is wrong, if anything.
 struct Verdict {
   int scenes = 0;
   std::string wrong;
-  int scene = -1;  // the one in which it showed
+  int scene = -1;  // the last one tried
 };
 
 class Verification {
@@ -129,7 +129,7 @@ class Verification {
     std::fflush(stdout);
   }
 
-  // How many slots are compared in scenes.
+  // Returns how many slots are compared in scenes.
   int CountCompared() const {
     if (!options_.slot.empty()) return 1;
     size_t count = 0;
@@ -145,7 +145,7 @@ class Verification {
   Arena arena_;
   int passed_ = 0, failed_ = 0;
   Progress progress_;
-  int compared_ = 0;  // slots in scenes
+  int compared_ = 0;  // slots so far
 };
 
 }  // namespace

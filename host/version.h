@@ -1,12 +1,12 @@
-// Which sources this program was built from, and by what.
+// The sources that this program was built from, and the compiler.
 #pragma once
 
 namespace vantrix::host {
 
-// The version and the commit.
+// Returns the version and the commit.
 const char* Version();
 
-// The compiler and its version.
+// Returns the compiler and its version.
 const char* Compiler();
 
 }  // namespace vantrix::host

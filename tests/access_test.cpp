@@ -1,4 +1,4 @@
-// What holds at the moment of an access: kernels are stopped at memory that refuses them.
+// What is true at the moment of an access: kernels are stopped at memory that they may not access.
 #include <gtest/gtest.h>
 #include <setjmp.h>
 #include <signal.h>
@@ -31,7 +31,7 @@ void NoteFault(int, siginfo_t*, void* context) {
   siglongjmp(behindTheFault, 1);
 }
 
-// The floating-point control when work() accessed what it may not; none where it did not.
+// Returns the floating-point control when work() accessed what it may not; none if it did not.
 std::optional<uint32_t> ControlAtFaultIn(const std::function<void()>& work) {
   struct sigaction action = {}, before;
   action.sa_sigaction = NoteFault;
@@ -48,7 +48,7 @@ std::optional<uint32_t> ControlAtFaultIn(const std::function<void()>& work) {
   return found;
 }
 
-// Address space of which nothing may be touched, but for pages that are opened.
+// Address space in which only pages that are opened may be accessed.
 class Space {
  public:
   explicit Space(size_t bytes)
@@ -97,7 +97,7 @@ TEST(DivisionTest, WorksWithTruncationInEveryEntryMode) {
   }
 }
 
-// Numbers of rows from 2^31 on are rows: kernels walk into the memory behind the first page.
+// Numbers of rows from 2^31 on are rows: kernels walk on past the end of the open page.
 TEST(RowsTest, AreUnsignedInConvolutionAndHorizontalFilters) {
   constexpr uint32_t kRows = 0x80000000;
   const Space space(3 * kPage);
@@ -131,7 +131,7 @@ TEST(RowsTest, AreUnsignedInConvolutionAndHorizontalFilters) {
   filter(26, float{});
 }
 
-// Whatever follows cannot change the class.
+// Whatever follows a mixed row cannot change the class.
 TEST(ClassifyTest, EndsAtTheRowThatIsMixed) {
   const Space space(2 * kPage);
   uint8_t* const first = space.Open(0, kPage);
@@ -146,7 +146,7 @@ TEST(ClassifyTest, EndsAtTheRowThatIsMixed) {
     EXPECT_EQ(answer, 2);
   }
   for (const TestedBuild& build : BuildsHere(kSelect, {75})) {
-    // One lane is mixed, all others are empty.
+    // One lane is above half, all others are empty.
     std::memset(first, 0, kPage);
     for (size_t i = 0; i < kPage; i += 16) first[i] = 0, first[i + 1] = 0x70;
     int32_t answer = -1;

@@ -1,4 +1,4 @@
-// The blends over all inputs, and over overlaps that random scenes do not reach.
+// The blends for all inputs, and for overlaps that random scenes do not reach.
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
@@ -29,8 +29,8 @@ struct Pairs {
   }
 };
 
-// Calls a blend on all pairs, with one value of whatever else it takes, and returns
-// what it wrote. By argument list.
+// Calls a blend on all pairs, with one value of whatever else it takes, and returns what it wrote.
+// There is one for each argument list.
 using OnPairs = Samples(Routine routine, const Pairs& pairs, uint8_t other);
 
 Samples PlaneOnPairs(Routine routine, const Pairs& pairs, uint8_t) {
@@ -64,7 +64,7 @@ Samples PlanesOnPairs(Routine routine, const Pairs& pairs, uint8_t other) {
                              kSide);
   return d;
 }
-// The flags are bits of `other`: any byte that is not zero sets one.
+// The flags are bits of `other`: any non-zero byte sets a flag.
 Samples InvertOnPairs(Routine routine, const Pairs& pairs, uint8_t other) {
   Samples d(kPairs, other);
   Call<InvertBlend>(routine)(pairs.x.data(), pairs.y.data(), d.data(), kSide, kSide, kSide, kSide,
@@ -123,7 +123,7 @@ TEST_P(BlendTest, EqualsTheReferenceForAllPairsAndAllWeights) {
 INSTANTIATE_TEST_SUITE_P(AllBuilds, BlendTest, ::testing::ValuesIn(BlendBuilds()),
                          [](const auto& test) { return NameOf(test.param); });
 
-// One sample by a routine: source (or colour) s, destination d, weight w.
+// Return the sample that a routine makes of source s, destination d and weight w.
 uint8_t MaskedSample(Routine routine, uint8_t s, uint8_t d, uint8_t w) {
   Call<MaskedBlend>(routine)(&s, &d, &w, 1, 1, 1, 1, 1);
   return d;
@@ -184,7 +184,7 @@ TEST(BlendValuesTest, AreThoseWorkedOutByHand) {
   }
 }
 
-// Rows of at most 4096 samples are taken as they were before each row is written.
+// Rows of at most 4096 samples are read as they were before each row is written.
 TEST(CopiedRowsTest, EndAtFourThousandNinetySixSamples) {
   const auto blended = [](Routine routine, int columns) {
     Samples plane(4200);
@@ -198,8 +198,8 @@ TEST(CopiedRowsTest, EndAtFourThousandNinetySixSamples) {
           << NameOf(b) << ' ' << columns;
 }
 
-// Full-strength lighten and darken: each sample is the extreme of itself and the one `behind`
-// before it, as that one is by then.
+// Full-strength lighten and darken: each sample becomes the extreme of itself and the sample
+// `behind` places before it, as that is by then.
 TEST(ChangedBlocksTest, CarriesForwardOverAnOverlap) {
   for (const TestedBuild& b : BlendBuilds({28, 29}))
     for (int behind = 1; behind < 70; ++behind) {
@@ -216,8 +216,8 @@ TEST(ChangedBlocksTest, CarriesForwardOverAnOverlap) {
     }
 }
 
-// The whole register, sticky flags included, in every rounding mode, also where there
-// is nothing to do; and no quotient depends on the mode.
+// The whole register stays, sticky flags included, in every rounding mode, even if there is nothing
+// to do. No quotient depends on the mode.
 TEST(DivisionTest, LeavesTheControlRegisterAsItWas) {
   const uint32_t entry = _mm_getcsr();
   const Pairs pairs;

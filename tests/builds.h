@@ -16,7 +16,7 @@
 
 namespace vantrix {
 
-// Only clang compiles registers that are wider than the instructions into parts of them.
+// Only Clang divides registers that are wider than the instructions into narrower registers.
 #if defined(VANTRIX_TEXT64)
 using TestForms = FormList<Text64>;
 #else
@@ -30,14 +30,14 @@ struct TestedBuild {
   int bytes;  // of the form's registers
   Routine routine;
   bool runsHere;     // on this processor
-  bool isInstalled;  // wherever it runs and none is wider
+  bool isInstalled;  // on processors that run it and no wider one
 };
 
 inline void PrintTo(const TestedBuild& build, std::ostream* stream) {
   *stream << host::Catalog()[build.suite].name << ' ' << build.slot << ' ' << build.form;
 }
 
-// A name as GoogleTest takes it.
+// Returns a name that GoogleTest accepts.
 inline std::string NameOf(const TestedBuild& build) {
   return std::string(host::Catalog()[build.suite].name) + '_' + std::to_string(build.slot) + '_' +
          build.form;
@@ -47,12 +47,12 @@ inline const host::Reference* ReferenceOf(const TestedBuild& build) {
   return host::FindReference(host::Catalog()[build.suite], build.slot);
 }
 
-// What this processor runs.
+// Returns what this processor runs.
 inline InstructionSets InstructionSetsHere() {
   return DetectInstructionSets(kThisSystem, DetectFeatures(kThisSystem));
 }
 
-// Those of the forms, then those of the form of the tests.
+// Returns the builds in all forms, then those in the form of the tests.
 inline std::vector<TestedBuild> AllBuilds() {
   std::vector<TestedBuild> builds;
   const InstructionSets here = InstructionSetsHere();
@@ -67,7 +67,7 @@ inline std::vector<TestedBuild> AllBuilds() {
   return builds;
 }
 
-// Those of a suite, or of some of its slots, that run here.
+// Returns the builds of a suite, or of some of its slots, that run here.
 inline std::vector<TestedBuild> BuildsHere(SuiteIndex suite,
                                            std::initializer_list<uint16_t> slots = {}) {
   std::vector<TestedBuild> builds;
@@ -78,7 +78,7 @@ inline std::vector<TestedBuild> BuildsHere(SuiteIndex suite,
   return builds;
 }
 
-// Those of one slot that run here.
+// Returns the builds of one slot that run here.
 template <class Signature>
 std::vector<Signature*> BuildsOf(SuiteIndex suite, uint16_t slot) {
   std::vector<Signature*> routines;

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""tests/check_bench.py COMMAND...: holds what `vantrix-host bench` prints to its own figures, for
-each slot that `vantrix-host slots` calls served, but for the core suite's: it computes nothing.
+"""tests/check_bench.py COMMAND...: checks that what `vantrix-host bench` prints agrees with itself,
+for each slot that `vantrix-host slots` calls served, except the core suite's, which computes
+nothing.
 """
 import re
 import subprocess
@@ -32,7 +33,7 @@ def served():
 
 
 def is_near(a, b):
-    """As near as figures of three digits are."""
+    """Whether figures of three digits agree."""
     return abs(a - b) <= 0.02 * max(a, b)
 
 
@@ -41,7 +42,7 @@ def check_line(line):
     assert match, line
     ticks, plugin, ordinary, own, than_ordinary, than_own = map(float, match.groups()[1:7])
     assert min(ticks, plugin, ordinary, own) > 0, line
-    if plugin > 0.01:  # of smaller ones too few digits are shown
+    if plugin > 0.01:  # smaller figures show too few digits
         assert is_near(than_ordinary, ordinary / plugin) and is_near(than_own, own / plugin), line
     dark, grey, light = map(len, match.groups()[7:])
     assert dark >= 1 and dark + grey + light == CELLS, line
@@ -50,7 +51,7 @@ def check_line(line):
 
 
 def check(output, names):
-    """Returns how many lines of figures there are."""
+    """Checks the slots, the lines of each and the sums."""
     assert all(len(line) <= 80 for line in output.splitlines())
     table, sums = output.split("\nquicker than  ")
     sizes, found = {}, []

@@ -1,5 +1,5 @@
-# Fails if one of OBJECTS, the kernels' own, needs more than each other and three routines
-# of the C library: nothing that allocates, locks or throws.
+# Fails if one of OBJECTS, the kernels' own, needs more than the others and three routines of the C
+# library. Nothing in them may allocate, lock or throw.
 execute_process(COMMAND nm --undefined-only --format=just-symbols --demangle ${OBJECTS}
                 OUTPUT_VARIABLE names COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\n" ";" names "${names}")

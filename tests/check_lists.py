@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""tests/check_lists.py: what is listed by hand, in pages and in the benchmarks' report, is complete.
+"""tests/check_lists.py: checks that lists made by hand, in pages and in the benchmarks' report, are
+complete.
 
-The page of slots, which a test of its own holds to the tables, says which slots are served. The
-forms are those of common/forms.h.
+The page of slots says which slots are served; another test compares it with the tables. The forms
+are those of common/forms.h.
 """
 import pathlib
 import re
@@ -24,7 +25,7 @@ def expect(condition, fault):
 
 
 def served_slots(page):
-    """(suite, slot, routine, forms) of each line of the page of slots that is served."""
+    """Yields (suite, slot, routine, forms) of each served slot on the page of slots."""
     suite = ""
     for line in page.splitlines():
         if heading := re.match(r"## (\w+)$", line):

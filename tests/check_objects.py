@@ -2,8 +2,8 @@
 """tests/check_objects.py FORM OBJECT...: may these objects be linked with those of other forms,
 and do their kernels work as their form says?
 
-FORM is a form by its type's name, or Core for what has no flags of its own. Prints each fault;
-ends with status 1 if there is one.
+FORM is the name of a form's type, or Core for objects without flags of their own. Prints each
+fault; ends with status 1 if there is one.
 """
 import re
 import subprocess
@@ -14,20 +14,21 @@ WIDEST = {"Core": 16, "Scalar": 16, "Sse2": 16, "Ssse3": 16, "Text64": 16, "Avx2
 WITHOUT_FLAGS = ("Core", "Scalar", "Sse2")
 REGISTER = {16: "%xmm", 32: "%ymm", 64: "%zmm"}
 
-# Wide kernels that use no register of their form's, by name, and why that is right.
+# Wide kernels that use no register of their form's width, by name, and why that is right.
 USES_NONE = {}
 
-# What only newer processors have: by the widest register that is allowed, and always.
+# What only newer processors have, refused in forms whose widest register is at most this wide.
 NEWER = {
     16: r"v[a-z]|k[a-z]+[bwdq]\s|.*%([yz]mm|k[0-7])",
     32: r"k[a-z]+[bwdq]\s|.*(%zmm|%k[0-7]|mm(1[6-9]|2\d|3[01])\b)",
     64: r"(andn|bextr|bls(i|r|msk)|bzhi|mulx|pdep|pext|rorx|(sa|sh)[lr]x|lzcnt|ad[co]x|movbe)[lq]?\s",
 }
-# Kernels that end with a fence, after the floating-point control is as it was.
+# Kernels that end with a fence, after the floating-point control is restored.
 FENCED = ("BlendBurnPlanes8", "BlendScreenShare8")
 
-# What no kernel executes. Fused products are not rounded between, and makers approximate each in
-# their own way; the others take some processors very long. A store has its memory last.
+# What no kernel executes. Fused products are not rounded before the addition, and each maker
+# approximates differently; the others are very slow on some processors. A store has its memory
+# last.
 TO_MEMORY = r"[^(]*\s.*\)(\{%k\d\})?$"
 UNWANTED = {
     "gather": r"vp?gather",
@@ -44,7 +45,7 @@ def output_of(*command):
 
 
 def functions(path):
-    """Each function's instructions, and the names that it refers to."""
+    """Returns each function's instructions, and the names that it refers to."""
     bodies, references, name = {}, {}, None
     for line in output_of("objdump", "-dr", "--no-show-raw-insn", path).splitlines():
         if match := re.match(r"[0-9a-f]+ <(.+)>:$", line):
@@ -74,7 +75,7 @@ def faults_of_names(path, form):
             yield f"runs before main: {name}"
         if kind not in "WVu" or form == "Core":
             continue
-        # Of functions of one name the linker keeps one, whichever unit it came from.
+        # Of functions with one name the linker keeps one, from any unit.
         named = {other for other in WIDEST if re.search(rf"(?<!\d){len(other)}{other}E", name)}
         if named != {form} and (named or form not in WITHOUT_FLAGS):
             yield f"names {', '.join(sorted(named)) or 'no form'}: {name}"
@@ -102,7 +103,7 @@ def faults_of_fences(bodies):
 
 
 def faults_of_returns(bodies):
-    """A processor may keep a stack of return addresses of its own: each return goes to its call."""
+    """A processor may keep its own stack of return addresses: each return must go to its call."""
     for name, body in bodies.items():
         if name.startswith("_ZN7vantrix11PassThrough") and not body[0].startswith("jmp"):
             yield f"passes on without a jump: {name}"
@@ -112,7 +113,7 @@ def faults_of_returns(bodies):
 
 
 def kernels_of(bodies, references):
-    """What a list of builds holds are getters; what a getter refers to is a kernel."""
+    """Returns the kernels: a list of builds holds getters, and a getter refers to a kernel."""
     return {kernel for name in bodies if re.search("vantrixL?5Entry", name)
             for kernel in references[name] if kernel in bodies}
 

@@ -1,4 +1,4 @@
-// The check against tables of routines that are wrong in every way: each costs its slot alone, and
+// The check with tables of routines that are wrong in every way: each affects only its slot, and
 // the host goes on as it was.
 #include "check/check.h"
 
@@ -37,7 +37,7 @@ std::string ContentsOf(const std::filesystem::path& path) {
   return text.str();
 }
 
-// The host's routine, in a host that does not poll where this program counts.
+// The host's routine, as in a host whose polls this program does not count.
 int64_t DeviateUncounted(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns,
                          int32_t sourceStride, int32_t destinationStride) {
   constexpr int kSlot = 12;
@@ -60,14 +60,14 @@ class CheckTest : public ::testing::Test {
     std::filesystem::create_directories(folder);
   }
   ~CheckTest() override {
-    std::error_code ignored;  // a library that is loaded stays
+    std::error_code ignored;  // a loaded library cannot be removed
     std::filesystem::remove_all(folder, ignored);
   }
 
   void Put(SuiteIndex suite, int slot, auto* routine) {
     RecordsOf(tables.Block())[suite].routines[slot] = reinterpret_cast<Routine>(routine);
   }
-  // Few scenes do. A second is long enough where other programs run too.
+  // A few scenes are enough. A second is long enough even if other programs run, too.
   std::string Check(std::vector<std::filesystem::path> folders = {}, int scenes = 60) {
     if (folders.empty()) folders = {folder};
     return check::Check(check::HostTables(tables.Block()),
@@ -86,7 +86,7 @@ class CheckTest : public ::testing::Test {
   }
 
   host::Tables tables;
-  // Where the test runs: in temporary ones other builds' tests could be.
+  // In the test's working directory: tests of other builds could use a temporary one.
   const std::filesystem::path folder =
       std::filesystem::current_path() /
       (std::string("vantrix-check-") +
@@ -108,7 +108,7 @@ void Hang() {
   while (turns < UINT64_MAX) ++turns;
 }
 
-// Right but for the first sample.
+// Changes the first sample only.
 void BlendWrongly(const uint8_t*, uint8_t* d, const uint8_t*, int32_t rows, int32_t columns,
                   int32_t, int32_t, int32_t) {
   if (rows > 0 && columns > 0) d[0] ^= 1;
@@ -117,7 +117,7 @@ void WriteBehindRow(const uint8_t*, uint8_t* d, int32_t rows, int32_t columns, i
                     int32_t stride) {
   if (rows > 1 && columns > 0 && stride > columns) ++d[columns];
 }
-// Right, but reads on behind its rows.
+// Correct, but reads past the end of its rows.
 void MultiplyAndReadOn(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns,
                        int32_t sourceStride, int32_t destinationStride) {
   for (int32_t y = 0; y < rows; ++y)
@@ -127,7 +127,7 @@ void MultiplyAndReadOn(const uint8_t* s, uint8_t* d, int32_t rows, int32_t colum
       sample = static_cast<uint8_t>(MultiplyTable[from[0]][sample] + 0 * from[15]);
     }
 }
-// What overlapping planes give depends on the order of samples.
+// Correct, but starts from the right: what overlapping planes give depends on the order of samples.
 void MultiplyFromTheRight(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns,
                           int32_t sourceStride, int32_t destinationStride) {
   for (int32_t y = 0; y < rows; ++y)
@@ -137,7 +137,7 @@ void MultiplyFromTheRight(const uint8_t* s, uint8_t* d, int32_t rows, int32_t co
     }
 }
 
-// Named so that it runs first, while no thread stands still.
+// Named so that it runs first, while no thread is halted.
 using CheckDeathTest = CheckTest;
 
 TEST_F(CheckDeathTest, NamesTheSlotThatEndsTheProcess) {

@@ -1,4 +1,4 @@
-// The conversions over all samples, and what goes to the host.
+// The conversions for all samples, and what they hand to the host.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-# The printers of tools/debugger, in both debuggers on one program that is not optimised.
+# Tests the printers of tools/debugger, in both debuggers, on a program that is not optimised.
 add_executable(debugger_subject debugger_subject.cpp)
 target_link_libraries(debugger_subject PRIVATE vantrix_flags)
 target_compile_options(debugger_subject PRIVATE -O0 -g -Wno-psabi)

@@ -11,12 +11,11 @@ namespace vantrix {
 
 class FakeHost {
  public:
-  // Ten suites in the order of acquisition, each reporting its saved entries as its
-  // count. Every entry is an address of its own that nothing must call, but for the
-  // core services.
+  // Ten suites in the order of acquisition, each reporting its saved entries as its count. Every
+  // entry except the core services is an address of its own that nothing may call.
   FakeHost();
 
-  // To be changed before a start-up; Block() lists them as they are then.
+  // Tests may change these before a start-up; Block() lists them as they are then.
   std::vector<SuiteRecord> records;
   const SuiteParameterBlock* Block();
 
@@ -25,7 +24,8 @@ class FakeHost {
   std::vector<int> ChangedSlots(SuiteIndex suite) const;
   bool IsUntouched() const;
 
-  // What the capability query answers: by selector, a result and what it writes.
+  // What the capability query was asked, and what it answers: by selector, a result and what it
+  // writes.
   struct Query {
     uint32_t signature, selector;
     // When it was asked: suites with changed slots, whether the shared tables were built, and the

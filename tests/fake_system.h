@@ -11,12 +11,12 @@
 namespace vantrix {
 
 struct FakeSystem {
-  // Leaves by number, each its sub-leaf 0; a missing one and other sub-leaves read as zeros.
+  // Leaves by number, sub-leaf 0 of each. Missing leaves and other sub-leaves read as zeros.
   std::map<uint32_t, CpuidWords> leaves;
   bool executesSSE = true;
   uint64_t enabledState = 0;
 
-  // What the count call tells, and where it goes wrong.
+  // What the call that counts processors returns, and where it fails.
   std::vector<ProcessorRelation> relations;
   enum class CountFailure { kNone, kFirstSucceeds, kOtherError, kNoMemory, kSecondFails };
   CountFailure countFailure = CountFailure::kNone;
@@ -29,7 +29,7 @@ struct FakeSystem {
   int cpuidCalls = 0, enabledStateReads = 0, allocations = 0, releases = 0, opened = 0, closed = 0;
   std::string openedPath, queriedName;
 
-  // The table that speaks for the FakeSystem made last.
+  // Returns the table, which speaks for the FakeSystem that was asked for it last.
   const System& Table();
 
   void SetVendor(const char (&text)[13]);

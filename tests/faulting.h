@@ -10,7 +10,7 @@ inline void TouchNull() {
   *reinterpret_cast<volatile char*>(place) = 1;
 }
 
-// No compiler knows that it does not end.
+// Recurses until the stack is full. No compiler knows that it does not end.
 inline int Sink(int level) {
   static volatile int depth = 1 << 30;
   volatile char frame[512];

@@ -1,6 +1,6 @@
-// Coverage-guided fuzzing of the fold of fill arrays: libFuzzer thinks up the choices that
-// make arrays. Those of any contents are held to the model, reports and all; well-formed
-// ones also to the host's own routine.
+// Coverage-guided fuzzing of the fold of fill arrays: libFuzzer makes the choices for the arrays.
+// Arrays of any contents are compared with the model, including reports, and well-formed ones with
+// the host's own routine.
 #include <cstdio>
 #include <cstdlib>
 

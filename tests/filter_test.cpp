@@ -1,5 +1,5 @@
-// The filters where random scenes do not reach: the root over all its inputs, what is
-// handed to the host, and values worked out by hand.
+// The filters in cases that random scenes do not reach: the root for all its inputs, what is handed
+// to the host, and values worked out by hand.
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
@@ -92,7 +92,7 @@ TEST(ConvolveTest, HasTheKnownValuesInPlanesOfAnyWidth) {
     uint8_t expected;  // of rows 0, 255, 0, or of 255 alone
   } cases[] = {
       {{256}, 255},                 // the sample itself
-      {{64, 128, 64}, 128},         // 32640 + 128, and of that the high byte
+      {{64, 128, 64}, 128},         // the high byte of 32640 + 128
       {{64, 0xABCD0080, 64}, 128},  // bits above the low 16 do not count
       {{1, 258, 1}, 1},             // 65790 + 128 wraps to 382
       {{0, 65535, 0}, 255},         // -255 + 128
@@ -132,12 +132,12 @@ TEST(DifferencesTest, HaveTheKnownSums) {
     fill(direction, 255);
     EXPECT_EQ(sum(a, b, direction), 0u);
     EXPECT_EQ(sum(b, a, direction), 768u);
-    fill(direction, 4);  // of the 6 above, bit 2 is held back
+    fill(direction, 4);  // bit 2 of the difference 6 is held back
     EXPECT_EQ(sum(a, b, direction), 256u);
   }
 }
 
-// The order of additions is in the last bits: 1e8 swallows a 1 that comes after it.
+// The order of additions shows in the last bits: 1e8 absorbs a 1 that comes after it.
 TEST(FloatBlockTest, AddsTermsFromTheFirstOn) {
   std::vector<float> input(8), output(4), matrix(32, 1.0f);
   input = {1, 1e8f, 1, -1e8f, 3, 0, 0, 0};

@@ -1,5 +1,5 @@
-# Writes form_macros.h: for each form the instruction sets that the compiler is allowed in its
-# units, as the compiler's own macros name them.
+# Writes form_macros.h: for each form, the instruction sets that the compiler may use in its units,
+# as the compiler's own macros name them.
 file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp "")
 function(macros_with result)
   if(CMAKE_CXX_COMPILER_TARGET)
@@ -21,7 +21,7 @@ foreach(form ${VANTRIX_FORMS})
   get_directory_property(flags ${plugin} VANTRIX_FLAGS_${form})
   macros_with(macros ${common} ${flags})
   list(REMOVE_ITEM macros ${always})
-  list(FILTER macros EXCLUDE REGEX "^__FP_FAST_")  # that fused products are quick
+  list(FILTER macros EXCLUDE REGEX "^__FP_FAST_")  # these say that fused products are fast
   list(JOIN macros " " macros)
   string(APPEND text "template <>\ninline constexpr const char* kMacros<${form}> = \"${macros}\";\n")
 endforeach()

@@ -1,6 +1,5 @@
-// include/vantrix.h against what the plug-in is made of: while this is compiled, the type of every
-// served slot against its kernel, and each structure and number. What stands in the header as text
-// follows.
+// Compares include/vantrix.h with the plug-in. The compiler compares the type of every served slot
+// with its kernel, and each structure and number. A test compares what is in the header as text.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -49,7 +48,7 @@
 namespace vantrix {
 namespace {
 
-// The plug-in's own type for one of the header.
+// The plug-in's own type for a type of the header.
 template <class Stated>
 struct Own {
   using Type = Stated;
@@ -208,7 +207,8 @@ constexpr Stated kStated[] = {
     As<VantrixNoiseBufferHook, decltype(NoiseBufferHook)>(kCore, kVantrixNoiseBufferHook),
 };
 
-// The first served slot that the header does not state, or states otherwise; -1 if there is none.
+// Returns the first served slot that the header does not state, or states differently; -1 if there
+// is none.
 template <size_t kCount>
 constexpr int FirstWrong(SuiteIndex suite, const Slot (&slots)[kCount]) {
   for (const Slot& slot : slots) {
@@ -229,7 +229,7 @@ static_assert(FirstWrong(kResample, kResampleSlots) == -1);
 static_assert(FirstWrong(kSelect, kSelectSlots) == -1);
 static_assert(FirstWrong(kPath, kPathSlots) == -1);
 
-// Values of enumerations that know nothing of one another.
+// Compares values of unrelated enumerations.
 constexpr bool Equal(auto stated, auto own) {
   return static_cast<int64_t>(stated) == static_cast<int64_t>(own);
 }
@@ -242,7 +242,7 @@ static_assert(kAgree<VantrixHostCapabilityQuery, HostCapabilityQuery> &&
               Equal(kVantrixHostCapabilityQuery, kHostCapabilityQuery));
 static_assert(kAgree<VantrixHostAssert, HostAssert> && Equal(kVantrixHostAssert, kHostAssert));
 
-// Structures: the same fields at the same places, of the same sizes.
+// Structures: the same sizes, with the same fields at the same places.
 template <class A, class B>
 constexpr bool kSameSize = sizeof(A) == sizeof(B) && alignof(A) == alignof(B);
 static_assert(kSameSize<VantrixSuiteRecord, SuiteRecord> &&
@@ -308,7 +308,7 @@ std::string TextOf(const char* name) {
   return std::regex_replace(text.str(), std::regex("\\s+"), " ");
 }
 
-// A name of the list of arguments as the header spells it: `source stride` is sourceStride.
+// Returns a name of the list of arguments as the header spells it: `source stride` is sourceStride.
 std::string Spelled(const std::string& argument) {
   if (argument == "colour") return "color";
   if (argument == "fill array") return "array";
@@ -325,8 +325,8 @@ std::string Spelled(const std::string& argument) {
   return name;
 }
 
-// Types tell nothing of two strides in the wrong order: the names in the header are those of the
-// page of slots, one after another. The two arguments that a host sees again are named by place.
+// Types do not show two strides in the wrong order, so the names in the header must be those of the
+// page of slots, in order. The two arguments that a host sees again are named by place.
 TEST(HostHeaderTest, NamesEachServedSlotItsNumberAndItsArguments) {
   const std::string header = TextOf("include/vantrix.h");
   size_t served = 0;

@@ -1,5 +1,5 @@
-// docs/HOST.md against what it tells: the tables of slots, suites, structures and reports are read
-// from the page, and compared line by line.
+// Compares docs/HOST.md with the sources: the tables of slots, suites, structures and reports are
+// read from the page and compared line by line.
 #include <gmock/gmock.h>
 
 #include <cstddef>
@@ -25,7 +25,7 @@ std::string ReadFile(const std::string& name) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// The lines of the table with this head, without its last column if that only comments.
+// Returns the lines of the table with this head, without the last column if it only holds comments.
 using Lines = std::vector<std::string>;
 Lines TableUnder(const std::string& heading, const std::string& head, bool hasComments = false) {
   const std::string page = ReadFile("docs/HOST.md");
@@ -101,7 +101,7 @@ TEST(HostPageTest, TellsWhereTheFieldsOfStructuresLie) {
                    Line(offsetof(Array, hostWords), sizeof(Array::hostWords), "`hostWords`")}));
 }
 
-// All that a pattern finds in sources of the path suite.
+// Returns all that a pattern finds in a text.
 std::vector<std::smatch> FindAll(const std::string& text, const char* pattern) {
   const std::regex expression(pattern);
   return {std::sregex_iterator(text.begin(), text.end(), expression), std::sregex_iterator()};
@@ -117,7 +117,7 @@ TEST(HostPageTest, ListsEveryReportWithItsLine) {
   };
   for (const auto& m : FindAll(fold, "\"([^\"]+)\",\\s*(?:kPathSourceFile,\\s*)?(\\d+)\\b"))
     expect(std::stoi(m[2]), m[1]);
-  // A check of a whole array has reports of its own, and names the line that asked for it.
+  // A check of a whole array has reports of its own, and names the line that called it.
   for (const auto& call : FindAll(fold, "(Validate|VerifyGuards)\\((\\d+)\\)")) {
     for (const auto& m : FindAll(checks, "\"(VerifyPathFillArray [^\"]+)\""))
       expect(std::stoi(call[2]), m[1]);

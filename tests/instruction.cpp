@@ -1,5 +1,5 @@
-// instruction NAME executes one instruction of SSSE3, SSE4.1 or AVX2: what an emulated
-// processor without it must refuse, or the runs on it would show nothing.
+// instruction NAME executes one instruction of SSSE3, SSE4.1 or AVX2. An emulated processor without
+// it must refuse it, or the runs on that processor would show nothing.
 #include <cstdio>
 #include <string_view>
 

@@ -1,5 +1,5 @@
-// Which forms a processor and its system allow. What each wide form needs stands here once
-// more, bit by bit, so that a slip in the table of detection shows.
+// Which forms a processor and its system allow. What each wide form needs is listed here again, bit
+// by bit, so that a mistake in the table of detection shows.
 #include "plugin/base/instruction_sets.h"
 
 #include <cpuid.h>
@@ -109,7 +109,7 @@ TEST_F(InstructionSetsTest, NeedASystemThatSavesTheirRegisters) {
   ExpectWide(false, false);
 }
 
-// Elsewhere the instruction that reads the enabled state faults.
+// On other processors the instruction that reads the enabled state faults.
 TEST_F(InstructionSetsTest, ReadTheEnabledStateOnlyWhereTheProcessorSaysThatItCan) {
   system.leaves[1].ecx = ~(1u << 27);
   ExpectWide(false, false);
@@ -142,8 +142,8 @@ TEST_F(InstructionSetsTest, FollowTheFlags) {
   ExpectWide(false, false);
 }
 
-// A form's compiler may use what its flags allow: each such set must be asked for. Those that
-// come with another are asked for with it.
+// The compiler may use whatever a form's flags allow, so detection must ask for each such set. Sets
+// that come with another one are asked for with it.
 TEST_F(InstructionSetsTest, AskForAllThatTheCompilerIsAllowed) {
   using Ask = std::function<void(FakeSystem&)>;
   const auto leaf1 = [](int bit) {
@@ -198,13 +198,13 @@ TEST_F(InstructionSetsTest, AskForAllThatTheCompilerIsAllowed) {
   EXPECT_NE(std::string(kMacros<Avx2>).find("__AVX2__"), std::string::npos) << "macros are read";
 }
 
-// The compiler's detection does not name it.
+// The compiler's detection does not know VAES.
 bool HasVaes() {
   unsigned a = 0, b = 0, c = 0, d = 0;
   return __get_cpuid_count(7, 0, &a, &b, &c, &d) != 0 && (c >> 9 & 1) != 0;
 }
 
-// The tables of both targets, against the compiler's own detection.
+// Compares the system tables of both targets with the compiler's own detection.
 TEST(ThisSystemTest, AgreesWithTheCompilersView) {
   const bool avx2 = __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("sse4.1") &&
                     __builtin_cpu_supports("sse4.2") && __builtin_cpu_supports("popcnt") &&

@@ -1,4 +1,4 @@
-// Every build of every kernel against the host's reference routine.
+// Compares every build of every kernel with the reference.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -11,10 +11,10 @@
 namespace vantrix {
 namespace {
 
-// Whole registers of every form and a rest, a few registers, none.
+// Whole registers of every form and a tail, a few registers, none.
 constexpr host::Shape kShapes[] = {{3, 200}, {2, 33}, {1, 7}};
 
-// Calls with the stack so many bytes further on: callers keep it at multiples of 16.
+// Calls with the stack `shift` bytes further on: callers keep it at multiples of 16.
 [[gnu::noinline]] void CallOnStack(size_t shift, const std::function<void()>& call) {
   volatile char* const room = static_cast<char*>(__builtin_alloca(shift + 16));
   *room = 0;
@@ -28,7 +28,7 @@ class KernelsTest : public ::testing::TestWithParam<TestedBuild> {
     ASSERT_NE(reference_, nullptr) << "a kernel without a reference";
     if (!GetParam().runsHere) GTEST_SKIP() << "not on this processor";
   }
-  // The same in a scene of this shape whose calls `run` makes.
+  // Compares the build with the reference in a scene of this shape whose calls `run` makes.
   std::string CompareRun(host::Shape shape, const host::Runner& run) {
     host::Scene scene(arena_, host::Choices(uint64_t{1}));
     scene.Measure(shape, [&](const std::function<void()>& call) {
@@ -61,7 +61,7 @@ TEST_P(KernelsTest, EqualsTheReferenceAtEveryPlaceAndWidth) {
   }
 }
 
-// Registers wider than 16 bytes are put aside on a stack that the kernel aligns itself.
+// Registers wider than 16 bytes are saved on a stack that the kernel aligns itself.
 TEST_P(KernelsTest, EqualsTheReferenceOnAnyStack) {
   for (const host::Shape shape : kShapes)
     for (const size_t shift : {0, 16, 32, 48})
@@ -84,8 +84,8 @@ TEST_P(KernelsTest, LeavesTheUpperHalvesOfRegistersUnused) {
 INSTANTIATE_TEST_SUITE_P(AllBuilds, KernelsTest, ::testing::ValuesIn(AllBuilds()),
                          [](const auto& test) { return NameOf(test.param); });
 
-// Builds that this processor does not run are skipped, so a run says which they were; where it
-// is known what must run, VANTRIX_EXPECT_FORMS holds it to that.
+// Builds that this processor does not run are skipped, so this test prints their forms. If it is
+// known which forms must run, VANTRIX_EXPECT_FORMS lists them, and exactly these must run.
 TEST(FormsTest, RunWhereTheyShould) {
   std::string run, notRun;
   const auto name = [&]<class Form>() {

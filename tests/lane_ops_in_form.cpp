@@ -85,7 +85,7 @@ void RunOn(const LaneOperands& in, const Recorder& record) {
   record("StoreChangedGroups", Load<B>(changed));
 }
 
-// The rules' own forms of these, for a single sample.
+// Runs the overloads of these for a single sample.
 void RunOnOne(const LaneOperands& in, const Recorder& record) {
   using Byte = Lanes<uint8_t, 1>;
   using Word = Lanes<uint16_t, 1>;

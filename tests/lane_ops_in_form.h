@@ -1,6 +1,6 @@
-// The operations on lanes as each form's unit compiles them, for a test without its flags.
+// The operations on lanes as each form's unit compiles them, for a test compiled without its flags.
 //
-// Operands and results cross as bytes: a unit with flags of its own must share no inline
+// Operands and results are passed as bytes: a unit with flags of its own must share no inline
 // function with another.
 #pragma once
 
@@ -16,7 +16,7 @@ struct LaneOperands {
   alignas(64) uint8_t a[64], b[64], c[64];
 };
 
-// What an operation made of registers of `bytes` bytes, or of single lanes.
+// The result of an operation on registers of `bytes` bytes, or on single lanes.
 struct LaneResult {
   const char* operation;
   size_t bytes;
@@ -27,10 +27,10 @@ using TakeResult = void(void* taker, const LaneResult& result);
 
 template <class Form>
 struct LaneOpsIn {
-  // Every operation on registers of 16, 32 and 64 bytes.
+  // Runs every operation on registers of 16, 32 and 64 bytes, and some on single lanes.
   static void Run(const LaneOperands& operands, void* taker, TakeResult* take);
 
-  // Adds one to each of `count` samples, a row in blocks. Returns in how many places.
+  // Adds one to each of `count` samples of a row, in blocks. Returns the number of places.
   static int AddOne(const uint8_t* from, uint8_t* to, intptr_t count);
   static int AddOne(const uint16_t* from, uint16_t* to, intptr_t count);
   static int AddOne(const uint32_t* from, uint32_t* to, intptr_t count);

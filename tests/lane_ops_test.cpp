@@ -1,5 +1,5 @@
-// Operations on lanes, in every form and width, against ones that name each lane. Operands
-// are noise and bytes that tell their place, so that a lane in another's place shows.
+// Compares operations on lanes, in every form and width, with models that name each lane. Operands
+// are noise and bytes that hold their place, so that a misplaced lane shows.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -33,10 +33,10 @@ void Append(Memory& memory, T lane) {
   memory.insert(memory.end(), bytes, bytes + sizeof lane);
 }
 
-// What an operation makes of registers of so many bytes.
+// What an operation makes of registers of `bytes` bytes.
 using Model = std::function<Memory(const LaneOperands& in, size_t bytes)>;
 
-// Lane i is rule(in, i); so many bytes as the operands have, at least one lane.
+// Lane i is rule(in, i). There are as many bytes as the operands have, and at least one lane.
 template <class T, class Rule>
 Model Each(Rule rule) {
   return [=](const LaneOperands& in, size_t bytes) {
@@ -46,8 +46,8 @@ Model Each(Rule rule) {
     return made;
   };
 }
-// The same where lanes come from their 16-byte group: lane i of a group is rule(a, b, i), which
-// sees the group's lanes of type From alone.
+// The same for lanes that come from their 16-byte group: lane i of a group is rule(a, b, i), which
+// sees only that group's lanes, of type From.
 template <class From, class T, class Rule>
 Model InGroups(Rule rule) {
   return Each<T>([=](const LaneOperands& in, size_t i) {
@@ -64,7 +64,7 @@ Model Interleaved(bool isHigh) {
     return i % 2 ? b(from) : a(from);
   });
 }
-// Narrowed lanes: those of a, then those of b.
+// Narrowed lanes of each group: those of a, then those of b.
 template <class From, class T>
 Model Narrowed(int64_t least, int64_t most) {
   return InGroups<From, T>([=](auto a, auto b, size_t i) {
@@ -82,7 +82,7 @@ Model Weighed(size_t start) {
     return in.a[k] * (255 - in.c[k]) + in.b[k] * in.c[k];
   });
 }
-// Of samples that stand alone in their lanes.
+// Lane i is rule(lane i of a, lane i of b).
 template <class T, class Rule>
 Model Pairwise(Rule rule) {
   return Each<T>([=](const LaneOperands& in, size_t i) {
@@ -192,8 +192,8 @@ const std::map<std::string, Model>& Models() {
   return models;
 }
 
-// Bytes that tell their place; noise; and operands that are the same but for some groups and
-// single bytes.
+// Returns bytes that hold their place, noise, and operands that are the same except for some groups
+// or single bytes.
 std::vector<LaneOperands> Operands() {
   std::vector<LaneOperands> all;
   LaneOperands places;
@@ -273,9 +273,9 @@ TEST_P(LaneOpsTest, DoAsTheirNamesSayInEveryWidth) {
   EXPECT_EQ(checking.seen.size(), Models().size() - (hasShuffle ? 0 : 2));
 }
 
-// In how many places a row is to be taken: the widest register that it fills, its last block
-// reaching back, but three of 32 bytes before two of 64; below 16 bytes two ends in one; one by
-// one only in the form that does nothing else.
+// Returns in how many places a row must be processed: in the widest registers that it fills, the
+// last one reaching back, but in three of 32 bytes rather than two of 64. Below 16 bytes one place
+// holds both ends. Only the scalar form takes one sample at a time.
 intptr_t PlacesOf(intptr_t formBytes, intptr_t sampleBytes, intptr_t count) {
   if (formBytes == 1) return count;
   if (formBytes == 64 && count * sampleBytes > 64 && count * sampleBytes <= 96) return 3;
@@ -289,7 +289,7 @@ void ExpectRows(int (*addOne)(const T*, T*, intptr_t), intptr_t formBytes) {
   static host::Arena arena(2, 4096);
   for (const bool isAtEnd : {false, true}) {
     for (size_t count = 0; count * sizeof(T) <= 400; ++count) {
-      // At the first or the last byte that may be touched.
+      // At the first or the last byte that may be accessed.
       const size_t start = isAtEnd ? arena.RegionBytes() - count * sizeof(T) : 0;
       T* const from = reinterpret_cast<T*>(arena.Region(0) + start);
       T* const to = reinterpret_cast<T*>(arena.Region(1) + start);

@@ -55,7 +55,7 @@ TEST(LibraryTest, TellsTheFormOfEachKernelAndOfNothingElse) {
     }
 }
 
-// Published examples; the third fills a block to where the length no longer fits.
+// Published examples. The third fills a block so far that the length no longer fits.
 TEST(Sha256Test, GivesThePublishedDigests) {
   const auto digest = [](const std::string& text) { return host::Sha256(text); };
   EXPECT_EQ(digest(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
@@ -88,8 +88,8 @@ struct Component {
   std::string data;
   uint32_t length;
 };
-// The list of 8 properties of a library with this name, and the key that stands for it where it is
-// translated.
+// Returns the list of 8 properties of a library with this name. `key` stands for the name in
+// translations.
 std::string PropertyList(const std::string& name, const std::string& key, Component component) {
   const auto whole = [](const std::string& text) {
     return static_cast<uint32_t>(text.size() + 4) / 4 * 4;
@@ -124,7 +124,7 @@ TEST(LibraryTest, TellsTheCheckFromThePlugin) {
             PropertyList("Vantrix Check", "VantrixCheck", {Word(6) + "Vantrix Check", 20}));
 }
 
-// Symbols lie in a file of their own, so the library's bytes are what every host loads.
+// Symbols are in a file of their own, so the library's bytes are what every host loads.
 TEST(LibraryTest, StaysBelowOneAndAHalfMebibytes) {
   const auto bytes = std::filesystem::file_size(VANTRIX_LIBRARY);
   std::printf("the library has %llu bytes\n", static_cast<unsigned long long>(bytes));

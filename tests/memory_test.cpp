@@ -1,5 +1,5 @@
-// The memory routines where random scenes do not reach: how rectangles are taken
-// apart, and every length and place near the edges of the code.
+// The memory routines in cases that random scenes do not reach: how rectangles are divided into
+// runs, and every length and place near the edges of the code.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -38,8 +38,7 @@ uint32_t ObserveEqual(const uint8_t* pointer, int32_t bytes, uint32_t) {
   return answer;
 }
 
-// The runs of a rectangle by each of the four routines; all must agree. Strides are
-// bytes for three of them, so the words are given half the width of a stride.
+// Returns the runs of a rectangle. The three routines that count bytes must agree.
 std::vector<RunCall> RunsOf(int32_t rows, int32_t width, int32_t stride) {
   calls.clear();
   uint8_t* const source = base + 1;
@@ -65,7 +64,7 @@ TEST(RectTest, IsOneRunWhereRowsFollowOneAnother) {
 }
 
 TEST(RectTest, IsTakenRowByRowFromTheLimitOn) {
-  // 0x7FFFFFFE values in one run, 0x80000000 not.
+  // 0x7FFFFFFE values are one run, 0x80000000 are not.
   EXPECT_EQ(RunsOf(2, 0x3FFFFFFF, 0x3FFFFFFF), (std::vector<RunCall>{{0, 0x7FFFFFFE}}));
   EXPECT_EQ(RunsOf(2, 0x40000000, 0x40000000),
             (std::vector<RunCall>{{0, 0x40000000}, {0x40000000, 0x40000000}}));

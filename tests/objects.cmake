@@ -1,4 +1,4 @@
-# What the compiler made of the kernels: the objects themselves, as instructions and names.
+# Tests what the compiler made of the kernels: the instructions and names in the objects.
 add_test(NAME kernel_imports COMMAND ${CMAKE_COMMAND}
   "-DOBJECTS=$<FILTER:${vantrix_core_objects},INCLUDE,/suites/>"
   -P ${CMAKE_CURRENT_SOURCE_DIR}/check_imports.cmake)
@@ -17,7 +17,7 @@ if(TARGET vantrix_text64)
            $<TARGET_OBJECTS:vantrix_text64> $<TARGET_OBJECTS:lane_ops_Text64> COMMAND_EXPAND_LISTS)
 endif()
 
-# That the check sees what it is to see.
+# Tests that the check finds what it must find.
 add_library(unfit_object OBJECT unfit_object.cpp)
 target_link_libraries(unfit_object PRIVATE vantrix_flags)
 target_compile_definitions(unfit_object PRIVATE VX_FORM=Avx512)

@@ -1,4 +1,4 @@
-// Which planes overlap, against the bytes of each counted one by one.
+// Checks which planes overlap by the bytes of each, counted one at a time.
 #include "common/overlap.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 namespace vantrix {
 namespace {
 
-// Places that lie about the middle of the address space and are never touched.
+// Returns a place far inside the address space. It is never accessed.
 const uint8_t* PlaceAt(int64_t offset) {
   return reinterpret_cast<const uint8_t*>(static_cast<uintptr_t>((int64_t{1} << 40) + offset));
 }
@@ -102,7 +102,7 @@ TEST(OverlapTest, IsToldExactlyOfRowsOfOneNumber) {
   EXPECT_GT(counts[1], 100);
 }
 
-// Tiles of one picture, one of which takes every second row, or a single one.
+// Tiles of one picture, one of which takes every row, every second or third one, or a single one.
 TEST(OverlapTest, TellsTilesOfAnyStrideApart) {
   for (const int64_t stride : {32, 64, -32, -64, 96})
     for (const int64_t rows : {1, 5}) {

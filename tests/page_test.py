@@ -1,5 +1,6 @@
-"""tests/page_test.py PAGE...: a browser shows the demonstration's pages without an error, with every
-picture, at the width of a phone and of a desk; their lines move; and without script nothing is hidden.
+"""tests/page_test.py PAGE...: tests in a browser that the demonstration's pages show every picture
+without an error, at the width of a phone and of a desktop, that their dividing lines move, and that
+nothing is hidden without script.
 """
 import pathlib
 import re
@@ -13,7 +14,7 @@ from selenium.webdriver.common.keys import Keys
 PAGES = [pathlib.Path(page).resolve() for page in sys.argv[1:]]
 PHONE, DESK = 360, 1400
 
-# Each picture: whether it is decoded, and the width at which it stands.
+# Each picture: whether it is decoded, and the width at which it is shown.
 PICTURES = """[...document.images].map(i => ({
     width: i.complete && i.naturalHeight > 0 ? i.naturalWidth : 0,
     shown: i.getBoundingClientRect().width, left: i.getBoundingClientRect().left}))"""

@@ -87,7 +87,7 @@ int reached;
 void Right() { ++reached; }
 void Wrong() { reached += 100; }
 
-// Each passed-through slot calls what was saved for it, and not for another.
+// Each passed-through slot calls what was saved for it, not for another.
 TEST(PassThroughTest, EachReachesItsOwnEntry) {
   FakeHost host;
   FakeSystem system;

@@ -174,7 +174,7 @@ class Model {
   int64_t rows_, stride_, room_, evenRoom_, calc_;
 };
 
-// The services that a call needs, and what they were told.
+// The services that a call needs, and where they note their arguments.
 PathOutcome* outcome;
 const uint32_t* block;
 
@@ -272,7 +272,7 @@ PathOutcome CallRoutine(const PathCase& call) {
   PathDebugEnabled = call.isDebugging;
   PathDebugGuardValue = call.guard;
 
-  // Memory of exactly its size, for the sanitizers.
+  // Memory of exactly the block's size, for the sanitizers.
   const auto words = std::make_unique<uint32_t[]>(call.words.size());
   std::copy(call.words.begin(), call.words.end(), words.get());
   PathOutcome result;
@@ -290,7 +290,7 @@ PathOutcome CallModel(const PathCase& call) { return Model(call).Run(); }
 
 std::string ComparePathCase(const PathCase& call) {
   PathOutcome expected = CallModel(call), actual = CallRoutine(call);
-  // The calc buffer is scratch but for its last two words.
+  // The calc buffer is scratch except its last two words.
   const auto stride = static_cast<ptrdiff_t>(call.words[5]);
   const ptrdiff_t rows = std::max<ptrdiff_t>(
       ptrdiff_t{static_cast<int32_t>(call.words[3])} - static_cast<int32_t>(call.words[1]), 0);

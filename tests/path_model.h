@@ -1,5 +1,5 @@
-// The fold of fill arrays and every report of it, one step after another, for arrays of
-// any contents. The tests and the fuzzer hold both routines to it, word by word.
+// A model of the fold of fill arrays and of all its reports, one step after another, for arrays of
+// any contents. The tests and the fuzzer compare both routines with it, word by word.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct PathCase {
   uint32_t operation = 0, nonZeroWinding = 0;
 };
 
-// What a call leaves: the block, what was reported, and the rows that were moved back.
+// What a call leaves: the block, what was reported, and the rows that were copied back.
 struct PathOutcome {
   struct Copy {
     ptrdiff_t source, destination;  // words from the block's start
@@ -32,14 +32,14 @@ struct PathOutcome {
   std::vector<Copy> copies;
 };
 
-// The block is as large as its head says and not a word larger; all else is chosen, so
-// that little holds: counts beyond the room, lists that overlap, order or none.
+// Makes a call. The block is exactly as large as its head says. Everything else is chosen: counts
+// may exceed the room, lists may overlap, and entries may be in order or not.
 PathCase ChoosePathCase(host::Choices& choose);
 
 PathOutcome CallRoutine(const PathCase& call);
 PathOutcome CallModel(const PathCase& call);
 
-// How routine and model differ, with the call; empty where they agree.
+// Returns how routine and model differ, with the call; empty if they agree.
 std::string ComparePathCase(const PathCase& call);
 
 }  // namespace vantrix

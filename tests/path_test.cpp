@@ -31,7 +31,8 @@ class PathInstallTest : public ::testing::Test {
  protected:
   ~PathInstallTest() override { PathDebugEnabled = 0, PathDebugGuardValue = 0; }
 
-  // The installer on a host that answers so; whether slot 24 is the checked form.
+  // Runs the installer with the host's present answers. Returns whether slot 24 is the checked
+  // routine.
   bool Install() {
     coreSuite.live = host.Live(kCore).data();
     pathSuite.live = host.Live(kPath).data();
@@ -53,7 +54,7 @@ TEST_F(PathInstallTest, InstallsThePlainFormWhereTheHostDoesNotDebug) {
   EXPECT_EQ(PathDebugGuardValue, 0u);
   EXPECT_EQ(host.queries.size(), 2u);
 
-  // A host that knows neither question, and a guard value too big: nobody is told.
+  // A host that knows neither question, and a guard value that is too big: nothing is reported.
   host.debugResult = host.guardResult = 0;
   host.guardAnswer = 0x100000000;
   EXPECT_FALSE(Install());
@@ -85,7 +86,7 @@ TEST_F(PathInstallTest, ReportsAnswersThatDoNotFitTogetherAndInstallsAllTheSame)
     std::vector<Report> reports;
   } cases[] = {
       {0, 1, 5, {noDebug}},
-      {0x100, 0xFFFFFF01, 5, {noDebug}},  // the boolean stands in the low byte
+      {0x100, 0xFFFFFF01, 5, {noDebug}},  // the boolean is in the low byte
       {1, 0, 5, {noGuard}},
       {1, 1, 0xFFFFFFFF, {tooBig}},
       {1, 1, 0x7FFFFFFF00000002, {tooBig}},
@@ -103,7 +104,7 @@ TEST_F(PathInstallTest, ReportsAnswersThatDoNotFitTogetherAndInstallsAllTheSame)
   }
 }
 
-// One row by either form; pending entries as (position, direction).
+// A pending entry: position and direction. Fold() folds one row with both routines.
 struct Crossing {
   uint32_t position;
   bool isUpward;
@@ -151,7 +152,7 @@ TEST(FillArrayTest, CombinesWithWhatTheRowHeld) {
   EXPECT_EQ(Fold({2, 8}, span, kExclusiveOr, true), (Spans{2, 5, 8, 10}));
   EXPECT_EQ(Fold({2, 8}, span, 4, true), (Spans{2, 8}));
   EXPECT_EQ(Fold({2, 8}, span, 0xFFFFFFFF, true), (Spans{2, 8}));
-  // Where one ends as the other begins, they join.
+  // If one ends where the other begins, they join.
   EXPECT_EQ(Fold({2, 5}, {{5, true}, {9, false}}, kUnion, false), (Spans{2, 9}));
   EXPECT_EQ(Fold({2, 5}, {{5, true}, {9, false}}, kIntersect, false), (Spans{}));
   // Without pending entries only an intersection changes a row.
@@ -180,8 +181,8 @@ TEST(FillArrayTest, FoldsAndReportsArraysOfAnyContentsAsTheModelDoes) {
   }
 }
 
-// Every message that a call can provoke is provoked by the random calls above; this holds
-// that to be so, with line and flag.
+// The random calls above provoke every message that a call can provoke. This test checks that, with
+// line and flag.
 TEST(FillArrayTest, MakesEveryReportThereIs) {
   std::vector<Report> made;
   for (uint64_t seed = 0; seed < 4000; ++seed) {
@@ -230,8 +231,8 @@ TEST(FillArrayTest, TakesRowsThatAreFarApartForWhatTheyAre) {
             (std::vector<Report>{{"ApplyFillArrayOperation rows <= 0", kFile, 680, 1}}));
 }
 
-// Reports are part of the contract with hosts, also those that cannot be made to fire: their texts
-// and lines stand here once more.
+// Reports are part of the contract with hosts, even those that cannot be provoked. Their texts and
+// lines are listed here again.
 TEST(FillArrayTest, HasTheTextsAndLinesThatHostsKnow) {
   const std::vector<std::pair<std::string, int>> expected = {
       {"WARNING - illegal value for row count", 695},
@@ -276,7 +277,8 @@ TEST(FillArrayTest, NamesTheCallersFileAndLineInItsChecks) {
   host::FillArrayBlock block(0, 2, 8, 0xABCD);
   block.Row(1)[kPendingCount] = 8;
   ValidateFillArray(block.Array(), "elsewhere", 12);
-  // Eight words end at the row's end: six of nought, the count itself and the one before.
+  // The eight words up to the row's end are six zeros, the pending count itself and the settled
+  // count before it.
   EXPECT_EQ(host.reports, (std::vector<Report>{
                               {"ValidateFillArray: count too large.", "elsewhere", 12, 1},
                               {"ValidateFillArray: Up does not match down.", "elsewhere", 12, 1}}));
@@ -305,7 +307,7 @@ TEST(SortTest, SortsAnyNumberOfAnyWords) {
   }
 }
 
-// A network that sorts every row of noughts and ones sorts everything.
+// A network that sorts every row of zeros and ones sorts everything.
 TEST(SortTest, SortsEveryRowOfNoughtsAndOnesByItsNetworks) {
   for (size_t count = 0; count <= 16; ++count) {
     for (uint32_t ones = 0; ones < 1u << count; ++ones) {

@@ -122,7 +122,7 @@ TEST_F(ProcessorTest, ProbesOneBitEach) {
     EXPECT_EQ(probe(c.edx, c.ecx, c.leaf7), 1) << i;
     EXPECT_EQ(probe(~c.edx, ~c.ecx, ~c.leaf7), 0) << i;
   }
-  // Wider registers need the system's saving of them, and AVX2 needs AVX.
+  // Wider registers need a system that saves them, and AVX2 needs AVX.
   for (const uint32_t ecx : {1u << 27, 1u << 28}) {
     system.leaves = {{0, {.eax = 7}}, {1, {.ecx = ecx}}, {7, {.ebx = ~0u}}};
     processorInfo.filled = 0;

@@ -1,10 +1,10 @@
-# Every test program, `slots` and `verify` once more on emulated processors: what 64-bit
-# code may count on and no more, SSSE3 without SSE4.1, and all that the emulator has, which is
-# AVX2. An instruction that a processor lacks ends the program that meets it.
+# Runs every test program, `slots` and `verify` again on emulated processors: one with only what
+# 64-bit code may rely on, one with SSSE3 but not SSE4.1, and one with all that the emulator has,
+# which is up to AVX2. An instruction that a processor lacks ends the program that executes it.
 #
-# On more models only what each allows is asked, and that every program starts. The last four
-# have a part of what a wide form needs: no saving of its registers, or no SSSE3, which the
-# compiler takes for granted where it is told of AVX2.
+# More models are only asked which forms they allow, and every program must start on them. The last
+# four lack part of what a wide form needs: AVX, the saving of its registers, or SSSE3, which the
+# compiler takes for granted with AVX2.
 find_program(VANTRIX_QEMU qemu-x86_64 REQUIRED)
 add_executable(instruction instruction.cpp)
 
@@ -34,7 +34,7 @@ function(asks_processor name cpu forms)
                "blnd/2/SSE2/")
 endfunction()
 
-# `with` and `without` are what `slots` says of the processor.
+# `with` and `without` are the features that `slots` must report as present and as missing.
 function(on_processor name cpu with without forms)
   set(on ${VANTRIX_QEMU} -cpu ${cpu})
   foreach(area ${VANTRIX_AREAS})

@@ -1,21 +1,22 @@
-// Whether the halves of the vector registers behind the first 16 bytes hold anything.
+// Whether the vector registers hold anything above their first 16 bytes.
 //
-// A routine that returns with something in them slows down every SSE instruction that its
-// caller executes later. The processor keeps count: XGETBV with ECX = 1.
+// A routine that returns with something there slows down every SSE instruction that its caller
+// executes later. The processor keeps track: XGETBV with ECX = 1.
 #pragma once
 
 #include "tests/builds.h"
 
 namespace vantrix {
 
-// A bit for the halves of 16 bytes, and one for those of 32.
+// Returns one bit for upper halves of 16 bytes, and one for upper halves of 32 bytes.
 inline uint32_t UpperHalvesInUse() {
   uint32_t low, high;
   asm volatile("xgetbv" : "=a"(low), "=d"(high) : "c"(1));
   return low & 0x44;
 }
 
-// Whether it can be asked, and answers as it should: emulators say that they are always in use.
+// Whether the processor can be asked, and reports correctly: emulators say that the halves are
+// always in use.
 inline bool TellsUpperHalves() {
   if (!InstructionSetsHere().avx2 || !(kThisSystem.cpuid(13, 1).eax & 4)) return false;
   asm volatile("vzeroupper");

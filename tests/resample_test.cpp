@@ -1,4 +1,4 @@
-// Resampling where random scenes do not reach: the averages over all sums, every tap count
+// Resampling in cases that random scenes do not reach: the averages for all sums, every tap count
 // at every width, what goes through the memory suite, and values worked out by hand.
 #include <gtest/gtest.h>
 
@@ -48,8 +48,8 @@ TEST(AverageTest, IsTheSameInLanesForEverySum) {
   }
 }
 
-// A filter and its reference over planes and lists that fill their memory to its
-// inaccessible end, or from its inaccessible beginning.
+// Compares a filter with its reference, on planes and lists that end right before inaccessible
+// memory, or begin right after it.
 class FilterTest : public ::testing::TestWithParam<TestedBuild> {
  protected:
   template <class T>
@@ -59,7 +59,8 @@ class FilterTest : public ::testing::TestWithParam<TestedBuild> {
                                 (atEnd_ ? arena_.RegionBytes() - bytes : 0));
   }
 
-  // Of a source of so many samples a row, or rows; output items lie in order, or anywhere.
+  // A source of `items` samples per row, or of `items` rows. Output items lie in order, or
+  // anywhere.
   struct Source {
     int32_t items, rows = 2;
     bool isInOrder = true;
@@ -133,8 +134,8 @@ TEST_P(FilterTest, EqualsTheReferenceForEveryTapCountAndWidth) {
       }
 }
 
-// Windows are as wide as a register, and several rows are worked on at once: around the widths
-// of both, whether what is read and written stays within the planes.
+// Windows are as wide as a register, and kernels process several rows at once. Around both sizes,
+// what is read and written must stay within the planes.
 class HorizontalTest : public FilterTest {};
 TEST_P(HorizontalTest, EqualsTheReferenceWhereSourcesAreAboutAsWideAsWindows) {
   if (!GetParam().runsHere) GTEST_SKIP() << "not on this processor";
@@ -178,7 +179,7 @@ void NoteFill(uint8_t* destination, int32_t bytes, uint32_t value) {
   calls.push_back({nullptr, destination, bytes, value});
 }
 
-// An output row at every place about the rows that it is made of.
+// Puts an output row at every place around the rows that it is made of.
 TEST(VerticalTest, EqualsTheReferenceWhereverItsRowsCross) {
   constexpr int kWidth = 37, kTaps = 3, kBelow = 150;
   const int32_t offsets[] = {0};
@@ -200,7 +201,7 @@ TEST(VerticalTest, EqualsTheReferenceWhereverItsRowsCross) {
             << stride << ' ' << at;
 }
 
-// The routines that stand in the table when the kernel runs.
+// Kernels must call the routines that are in the table when they run.
 TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   Routine live[4] = {AsRoutine(NoteCopy), nullptr, nullptr, AsRoutine(NoteFill)};
   memorySuite.live = live;
@@ -209,7 +210,7 @@ TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   auto* const out = reinterpret_cast<uint8_t*>(target + 20);
   const int32_t offsets[] = {1, -1, 0};
   const uint8_t phases[3] = {};
-  // The row after the named one; of a stride in bytes the whole samples count.
+  // Copies the row after the named one. Only the whole samples of a stride in bytes count.
   for (const int32_t taps : {0, 1, 0x70001}) {
     for (auto* const filter : BuildsOf<FilterVertical<uint8_t>>(kResample, 6)) {
       calls.clear();
@@ -244,7 +245,7 @@ TEST(LiveTest, CopiesAndFillsThroughTheMemorySuite) {
   EXPECT_EQ(calls, (std::vector<MemoryCall>{{nullptr, out, 3, 40}, {nullptr, out - 20, 3, 41}}));
 }
 
-// Three samples before and behind a source of 1 .. 8.
+// Three samples before and after a source of 1 .. 8.
 TEST(SteppedTest, ShowsTheRowAboutItsMiddle) {
   const Samples source = {93, 92, 91, 1, 2, 3, 4, 5, 6, 7, 8, 81, 82, 83};
   const struct {
@@ -269,7 +270,7 @@ TEST(PositionsTest, TakeInWhatIsInside) {
                                131072 + 127,   131072 + 128};
   const Samples nearest = {0, 10, 10, 10, 20, 250, 0, 10, 10, 10, 10, 250, 250, 250};
   BuildSharedTables();
-  // 20 + 230 x 128 / 255 = 135.45; a position's 128 is half of a 255th, and comes up.
+  // 20 + 230 x 128 / 255 = 135.45; a position of 128 is half of a 255th, and is rounded up.
   const Samples linear = {0, 0, 10, 15, 15, 0, 0, 0, 10, 10, 10, 135, 250, 0};
   for (auto* const sample : BuildsOf<SampleAtPositions1D>(kResample, 18)) {
     for (const int32_t mode : {0, 1, 0x10000, 0x8000}) {
@@ -289,7 +290,7 @@ TEST(KnownValuesTest, AreAsWorkedOutByHand) {
     EXPECT_EQ(result, (Samples{0, 77, 2, 10, 1, 15}));
   }
 
-  // Half of two neighbours, more than all of them, and less than nothing.
+  // The mean of two neighbours, their sum, and a negative sum.
   const int32_t offsets[] = {0, 0, 0};
   const uint8_t phases[] = {0, 1, 2};
   const int16_t weights[] = {8192, 8192, 16384, 16384, -16384, 0};

@@ -1,5 +1,5 @@
 # Runs COMMAND; fails unless its exit status is STATUS and its output matches EXPECT, in which
-# SHA256(FILE) stands for the sum of a file.
+# SHA256(FILE) stands for the checksum of a file.
 if(EXPECT MATCHES "SHA256\\(([^)]*)\\)")
   file(SHA256 ${CMAKE_MATCH_1} sum)
   string(REPLACE "${CMAKE_MATCH_0}" "${sum}" EXPECT "${EXPECT}")

@@ -1,4 +1,4 @@
-// The selection routines where random scenes do not reach: what goes to the host, and
+// The selection routines in cases that random scenes do not reach: what is handed to the host, and
 // values worked out by hand.
 #include <gtest/gtest.h>
 
@@ -37,7 +37,7 @@ TEST(ClassifyTest, HandsNarrowMasksToTheHost) {
   selectSuite.saved[75] = AsRoutine(HostClassify16);
   alignas(16) const uint8_t bytes[64] = {};
   alignas(16) const uint16_t words[64] = {};
-  // Without rows a wide mask is empty; none of it is touched.
+  // A wide mask without rows is empty, and none of it is accessed.
   for (Classify8Routine* classify : BuildsOf<Classify8Routine>(kSelect, 33)) {
     for (const int32_t width : {15, 1, 0, -1, INT32_MIN}) {
       EXPECT_EQ(classify(bytes, -3, width, 17), 1234);
@@ -76,7 +76,7 @@ TEST(ClassifyTest, FindsOneEntryAtEveryPlace) {
   }
 }
 
-// An aligned plane of `rows` x 8 words: one entry a lane and row.
+// An aligned plane of 8 words per row: one entry per lane and row.
 TEST(ClassifyTest, LetsFullWordsHideInTheirLanes) {
   for (Classify16Routine* routine : BuildsOf<Classify16Routine>(kSelect, 75)) {
     const auto classify = [=](std::initializer_list<uint16_t> rowValues) {
@@ -126,15 +126,15 @@ TEST(SpreadMarkTest, WalksWidePlanesInPieces) {
 template <class T, class Signature>
 void ExpectLine(Signature* propagate, std::vector<T> priority, std::vector<T> value,
                 const std::vector<T>& priorityAfter, const std::vector<T>& valueAfter) {
-  // Away from itself: a line step that is not one entry.
+  // One line, with a line step that is not one entry.
   propagate(priority.data(), value.data(), 1, static_cast<int32_t>(priority.size()), 100,
             sizeof(T));
   EXPECT_EQ(priority, priorityAfter);
   EXPECT_EQ(value, valueAfter);
 }
 
-// Whether entries are apart, against all of them one by one: never wrongly so, and always where
-// lines lie as in a picture.
+// Compares EntriesAreApart with all entries, one at a time. It is never wrongly true, and always
+// true for lines as in a picture.
 TEST(PropagateTest, TellsEntriesThatAreApart) {
   uint32_t state = 1;
   const auto between = [&](int low, int high) {

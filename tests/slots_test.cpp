@@ -1,5 +1,5 @@
-// Which slots change on which processor, and in which form. The numbers stand here once more,
-// on their own, so that a slip in a table shows.
+// Which slots change on which processor, and in which form. The numbers are listed here again, on
+// their own, so that a mistake in a table shows.
 #include <gmock/gmock.h>
 #include <xmmintrin.h>
 
@@ -43,7 +43,7 @@ Slots Join(std::initializer_list<Slots> parts) {
 struct Processor {
   bool sse, sse2, ssse3, sse41;
   int wide;  // bytes of the widest registers that it has and its system saves
-  bool mmx = false, executesSSE = true, sse3 = false, isHyperThreaded = false;  // open nothing
+  bool mmx = false, executesSSE = true, sse3 = false, isHyperThreaded = false;  // open no gate
 
   bool Runs(const std::string& form) const {
     const bool hasOlder = sse2 && ssse3 && sse41;
@@ -54,7 +54,7 @@ struct Processor {
 };
 
 void Play(const Processor& has, FakeSystem& system) {
-  // All but the flags, where there are wide registers.
+  // With wide registers, all bits except the flags.
   const uint32_t others = has.wide > 16 ? ~(kSSE3 | kSSSE3 | kSSE41) : 0;
   system.SetFeatures(
       (has.mmx ? kMMX : 0) | (has.sse ? kSSE : 0) | (has.sse2 ? kSSE2 : 0),
@@ -68,7 +68,7 @@ void Play(const Processor& has, FakeSystem& system) {
   system.enabledState = has.wide == 32 ? 0x07 : 0xE7;
 }
 
-// In a slot that is ours stands the last of its builds that the processor runs.
+// Expects in each slot of ours the last of its builds that the processor runs.
 void ExpectWidestBuilds(FakeHost& host, const Processor& has) {
   std::map<std::pair<SuiteIndex, int>, std::pair<Routine, const char*>> widest;
   for (const TestedBuild& build : AllBuilds())
@@ -78,7 +78,7 @@ void ExpectWidestBuilds(FakeHost& host, const Processor& has) {
   for (const auto& [place, build] : widest) {
     const auto [suite, slot] = place;
     const Routine live = host.Live(suite)[slot];
-    if (live == host.Original(suite, slot)) continue;  // behind a closed gate
+    if (live == host.Original(suite, slot)) continue;  // its gate is closed
     EXPECT_EQ(live, build.first) << host::Catalog()[suite].name << ' ' << slot << ' '
                                  << build.second;
     ++found;
@@ -130,7 +130,7 @@ TEST(SlotsTest, ChangeAsTheFlagsSayEachOnItsOwn) {
     }
 }
 
-// Start-up hands on what the last of them answers.
+// Start-up returns what the last of them returns.
 TEST(InstallersTest, AnswerOne) {
   FakeHost host;
   int16_t result;
@@ -140,7 +140,7 @@ TEST(InstallersTest, AnswerOne) {
   for (Installer* install : kInstallers) EXPECT_EQ(install(host.Block()), 1);
 }
 
-// Kernels of two slots: one in every form, one up to 16 bytes, which leaves Ssse3 out.
+// Kernels of two slots: one in every form, one in forms up to 16 bytes, which leaves Ssse3 out.
 template <class Form>
 void InForm() {}
 struct MadeUpKernels {

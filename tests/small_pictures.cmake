@@ -1,10 +1,10 @@
-# Pictures of any size go through the demonstration: cmake -DCOMMAND=... -DFOLDER=... -P.
+# Runs pictures of any size through the demonstration: cmake -DCOMMAND=... -DFOLDER=... -P.
 file(MAKE_DIRECTORY ${FOLDER})
 foreach(size 1x1 2x2 15x7 37x23 255x255 1x800 800x1 300x900 3000x60)
   string(REPLACE "x" ";" sides ${size})
   list(GET sides 0 width)
   list(GET sides 1 height)
-  # Any samples: text is what CMake can write.
+  # Any samples will do: CMake can write text.
   math(EXPR bytes "${width} * ${height} * 3")
   set(samples "vantrix shows what it does to every sample; ")
   string(LENGTH "${samples}" length)

@@ -28,7 +28,7 @@ class StartupTest : public ::testing::Test {
   }
   ~StartupTest() override { _mm_setcsr(savedControl_); }
 
-  // Start-up on the made-up system.
+  // Runs start-up on the made-up system.
   int32_t Start() {
     processorInfo.filled = 0;
     result = 99;
@@ -79,8 +79,8 @@ TEST_F(StartupTest, SucceedsAndSavesTheHostsDefaults) {
   EXPECT_EQ(pathSuite.saved[52], host.Original(kPath, 52));
 }
 
-// Nothing of ours is saved over the host's, or calls that are handed on would never end. What the
-// host writes in between is its own.
+// No routine of ours may be saved as the host's, or calls that are handed on would never end. What
+// the host writes in between is its own.
 TEST_F(StartupTest, KeepsWhatIsTheHostsWhenItRunsAgain) {
   const auto expectHosts = [&](SuiteIndex suite, const auto& acquired) {
     for (size_t slot = 0; slot < std::size(acquired.saved); ++slot)
@@ -112,7 +112,7 @@ TEST_F(StartupTest, KeepsWhatIsTheHostsWhenItRunsAgain) {
     EXPECT_EQ(host.Live(kBlend), installed);
     expectAllHosts();
   }
-  // One that fails at the last suite has acquired the others.
+  // A start-up that fails at the last suite has acquired the others.
   const SuiteRecord last = host.records.back();
   host.records.pop_back();
   EXPECT_EQ(Start(), -1);

@@ -1,4 +1,4 @@
-// The shared tables over all inputs, and the rules that compute the same.
+// The shared tables for all inputs, and the rules that compute the same.
 #include "common/tables.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace vantrix {
 namespace {
 
-// To nearest, halves away from zero, from the exact quotient.
+// Rounds an exact quotient to nearest, halves away from zero.
 int Nearest(double quotient) { return static_cast<int>(std::round(quotient)); }
 
 class TablesTest : public ::testing::Test {
@@ -65,7 +65,7 @@ TEST_F(TablesTest, DivideBy255IsExactForEveryProduct) {
   }
 }
 
-// The computing form of Multiply against the table, for all pairs.
+// Compares Multiply, which computes its products, with the table, for all pairs.
 TEST_F(TablesTest, ComputedProductsEqualTheTables) {
   for (int a = 0; a < 256; ++a) {
     for (int b = 0; b < 256; b += 16) {

@@ -1,6 +1,6 @@
-// A form of the tests alone: the text of 64-byte registers, compiled for a processor with
-// registers of 16 bytes, which take it in parts. So it runs on any machine, on emulated ones
-// and under sanitizers. Nothing installs it.
+// A form for the tests alone: the source for 64-byte registers, compiled for a processor with
+// registers of 16 bytes, which process it in parts. So it runs on any machine, on emulated ones and
+// under sanitizers. Nothing installs it.
 #pragma once
 
 #include "common/forms.h"

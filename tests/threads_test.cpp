@@ -1,6 +1,6 @@
-// Many threads through the live tables: on planes of their own, and side by side on one
-// picture, as a host cuts it up. Under the thread sanitizer a write beside a strip, even of
-// the byte that stood there, is a race.
+// Many threads call the live tables: on planes of their own, and side by side on one picture, as a
+// host divides it. Under the thread sanitizer a write outside a strip, even of the byte that was
+// there, is a race.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kThreads = 8;
 
-// work(thread) in all threads at once.
+// Calls work(thread) in all threads at once.
 template <class Work>
 void OnThreads(Work work) {
   std::latch start(kThreads);
@@ -63,7 +63,7 @@ TEST(ThreadsTest, EqualTheHostsRoutinesOnPlanesOfTheirOwn) {
   }
 }
 
-// A picture in strips of an odd number of columns, one a thread.
+// A picture in strips of an odd number of columns, one per thread.
 constexpr int32_t kRows = 60, kStripColumns = 37, kColumns = kThreads * kStripColumns;
 constexpr int32_t kBorder = 3, kStride = kColumns + 5;
 
@@ -116,7 +116,7 @@ void RunExpand(Routine routine, Strip s) {
   Call<Expand8To16Routine>(routine)(s.source, s.words, kRows, s.columns, kStride, 2 * kStride);
 }
 void RunDeviation(Routine routine, Strip s) {
-  // The borders are of other rows and strips: read, never written.
+  // The borders belong to other rows and strips: they are read, never written.
   Call<DeviationRoutine>(routine)(s.source, s.destination, kRows, s.columns - 2, kStride, kStride);
 }
 void RunConvolve(Routine routine, Strip s) {

@@ -1,4 +1,4 @@
-// What is measured in turn: the same work for each routine, in planes as they were.
+// Measurements in turn: the same work for each routine, in planes that are restored.
 #include "host/bench/turns.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ struct Note {
 };
 std::vector<Note> notes;
 
-// Takes so many ticks, and leaves nothing as it was.
+// Takes kTicks ticks, and changes every sample.
 template <int kRoutine, int kTicks>
 void TakeTicks(const uint8_t*, uint8_t* d, int32_t rows, int32_t columns, int32_t, int32_t stride) {
   const uint64_t start = Ticks();
@@ -54,7 +54,7 @@ TEST_F(TurnsTest, MeasuresEachRoutineInPlanesAsTheyWere) {
     EXPECT_LT(ticks[1], 2.0 * kLong);
     EXPECT_TRUE(std::ranges::all_of(
         notes, [](const Note& note) { return note.sample == notes.front().sample; }));
-    // In turn: neither goes before the other has had its turns.
+    // The routines take turns: notes change often from one to the other.
     const auto changes = std::ranges::count_if(notes, [before = -1](const Note& note) mutable {
       return std::exchange(before, note.routine) != note.routine;
     });

@@ -1,4 +1,4 @@
-// Everything that check_objects.py refuses, so that it is seen to refuse it.
+// Everything that check_objects.py refuses, to show that it does.
 #include "plugin/base/builds.h"
 
 namespace vantrix {
@@ -28,7 +28,7 @@ extern const Build kUnfitBuilds[] = {{1, Entry<NarrowKernel<VX_FORM>>},
 extern const int kAsked;
 const int kAsked = Ask();
 
-// Of one name in every form's unit, as their instructions are not.
+// Has one name in every form's unit, although the instructions differ.
 template <class Sample>
 [[gnu::noinline]] void NamesNoForm() {
   asm volatile("vpaddb %ymm0, %ymm0, %ymm0");

@@ -1,6 +1,5 @@
-// An access fault in a kernel is the host's to handle, frames above. The system must find its
-// way there through the frame of the kernel, which a wide one aligns itself, and give the
-// caller's registers back.
+// The host handles an access fault in a kernel, some frames above. The system must unwind through
+// the frame of the kernel, which a wide kernel aligns itself, and restore the caller's registers.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -23,7 +22,7 @@ namespace {
   }
 }
 
-// Calls with marks in the vector registers that a callee must keep; whether they are still
+// Calls with marks in the vector registers that a callee must keep. Returns whether they are still
 // there.
 [[gnu::noinline]] bool KeepsRegisters(const std::function<void()>& call, bool* faults) {
   alignas(16) uint8_t marks[160], found[160];
@@ -50,8 +49,8 @@ namespace {
   return std::memcmp(marks, found, sizeof marks) == 0;
 }
 
-// As a kernel that puts wide registers aside: a frame at a multiple of 64, in which the
-// caller's registers are kept.
+// Faults like a kernel that saves wide registers: in a frame at a multiple of 64, which also holds
+// the caller's registers.
 [[gnu::noinline]] void FaultInAlignedFrame() {
   alignas(64) volatile uint8_t aside[128];
   aside[0] = 1;
@@ -65,7 +64,7 @@ TEST(UnwindTest, LeavesAFrameOfAnyAlignment) {
   EXPECT_TRUE(faults);
 }
 
-// Kernels whose answer is their result alone.
+// Whether a kernel only returns a result.
 bool WritesNothing(const TestedBuild& build) {
   const std::set<std::pair<SuiteIndex, int>> readers = {
       {kFilter, 188}, {kFilter, 189}, {kMemory, 17}, {kMemory, 18}, {kSelect, 33}, {kSelect, 75}};

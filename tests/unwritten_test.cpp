@@ -1,5 +1,5 @@
-// What kernels leave unwritten: samples that a rule leaves alone, and blocks in which nothing
-// changes, lie on pages that are read only.
+// What kernels do not write: samples that a rule leaves alone, and blocks in which nothing changes,
+// lie on read-only pages.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 
 using Samples = std::vector<uint8_t>;
 
-// Two pages, one of which is read only; what they hold.
+// Two pages that hold one value; one of them is read-only.
 class HalfReadOnly {
  public:
   enum Half { kFirst, kSecond };
@@ -33,7 +33,7 @@ class HalfReadOnly {
   host::Arena arena_;
 };
 
-// A row of a blend under a mask; what takes a colour takes the source's first sample.
+// Blends a row under a mask. The colour of a blend that takes one is the source's first sample.
 void BlendRow(const TestedBuild& b, const Samples& source, uint8_t* d, const Samples& mask,
               int columns) {
   if (b.slot == 106)
@@ -44,8 +44,8 @@ void BlendRow(const TestedBuild& b, const Samples& source, uint8_t* d, const Sam
     Call<MaskedBlend>(b.routine)(source.data(), d, mask.data(), 1, columns, 1, 1, 1);
 }
 
-// Eight samples at offset 5 and twelve more are a head and a tail without a block; with
-// nothing selected, none of them may be written, not even with its own value.
+// Twenty samples at offset 5, for example, are a head and a tail without a block. With nothing
+// selected, none of them may be written, not even with its own value.
 TEST(ThresholdTest, WritesNoUnselectedSampleOutsideItsBlocks) {
   const HalfReadOnly pages(HalfReadOnly::kFirst, 0);
   const Samples source(64, 9), below(64, 127), one(64, 1);
@@ -55,7 +55,7 @@ TEST(ThresholdTest, WritesNoUnselectedSampleOutsideItsBlocks) {
         BlendRow(b, source, pages.First() + offset, b.slot == 106 ? one : below, columns);
 }
 
-// A tail behind blocks, which are written.
+// A tail after blocks, which are written.
 TEST(ThresholdTest, WritesNoUnselectedSampleBehindItsBlocks) {
   const HalfReadOnly pages(HalfReadOnly::kSecond, 5);
   const Samples source(64, 9);
@@ -70,8 +70,8 @@ TEST(ThresholdTest, WritesNoUnselectedSampleBehindItsBlocks) {
       }
 }
 
-// Of masked lighten and darken a sample is left alone whose source is not lighter or darker: in
-// rows without a whole block, and in blocks in which that is so of all samples.
+// Masked lighten and darken leave a sample alone if its source is not lighter or darker: in rows
+// without a whole block, and in blocks in which this is true of all samples.
 TEST(ExtremesInPartTest, WriteNoSampleThatTheyLeaveAlone) {
   const HalfReadOnly pages(HalfReadOnly::kFirst, 100);
   const Samples lighter(512, 101), same(512, 100), darker(512, 99), full(512, 255), none(512, 0);
@@ -85,7 +85,7 @@ TEST(ExtremesInPartTest, WriteNoSampleThatTheyLeaveAlone) {
       }
 }
 
-// One sample that changes lies in a head or a tail, the others beside it on another page.
+// One sample changes, in a head or a tail. Those before the boundary are on the read-only page.
 TEST(ExtremesInPartTest, WriteNothingBesideASampleThatChanges) {
   const HalfReadOnly pages(HalfReadOnly::kFirst, 100);
   const Samples full(64, 255);
@@ -110,9 +110,9 @@ TEST(ExtremesTest, StoreNoBlockThatStaysAsItIs) {
     const auto blend = [&](const Samples& source, uint8_t* d, int columns) {
       Call<PlaneBlend>(b.routine)(source.data(), d, 1, columns, columns, columns);
     };
-    blend(Samples(128, same), boundary - 128, 128);  // all of it on the page that is read only
+    blend(Samples(128, same), boundary - 128, 128);  // all of it on the read-only page
 
-    // A step of two blocks about the boundary, of which the second changes in one sample.
+    // A step of two blocks around the boundary. The second one changes in one sample.
     for (int at = 0; at < 16; ++at) {
       Samples source(32, same);
       source[static_cast<size_t>(16 + at)] = changing;
@@ -120,15 +120,15 @@ TEST(ExtremesTest, StoreNoBlockThatStaysAsItIs) {
       blend(source, boundary - 16, 32);
       EXPECT_EQ(boundary[at], changing) << NameOf(b) << at;
     }
-    // Steps on the page that is read only, and behind it the 16 to 31 samples that are left and
-    // written in any case.
+    // Steps on the read-only page, and after it the remaining 16 to 31 samples, which are written
+    // in any case.
     for (int steps = 1; steps <= 4; ++steps)
       for (int left = 16; left < 32; ++left)
         blend(Samples(200, same), boundary - 32 * steps, 32 * steps + left);
   }
 }
 
-// Of a row that fills no block only entries that change are written.
+// In a row that fills no block, only entries that change are written.
 TEST(SpreadMarkTest, WritesInShortRowsOnlyWhatChanges) {
   const HalfReadOnly pages(HalfReadOnly::kSecond, 3);
   for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26))
@@ -148,7 +148,7 @@ TEST(SpreadMarkTest, WritesNoRowThatStaysAsItIs) {
   for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26))
     for (int width = 1; width < 140; ++width) {
       spread(pages.First(), 20, width, 200);
-      // Rows about the boundary, of which the second one behind it is marked.
+      // Rows around the boundary. The second one after it is marked.
       std::fill(boundary, boundary + 200 * 4, uint8_t{127});
       boundary[200] = 255;
       spread(boundary - 200 * 3, 7, width, 200);
@@ -156,7 +156,7 @@ TEST(SpreadMarkTest, WritesNoRowThatStaysAsItIs) {
     }
 }
 
-// Masks that are all empty, in lines side by side and along rows.
+// Propagates in masks that are all empty, in lines side by side and along rows.
 template <class T, class Signature>
 void PropagateEmpty(uint16_t slot) {
   const HalfReadOnly priorities(HalfReadOnly::kFirst, 0), values(HalfReadOnly::kFirst, 0);

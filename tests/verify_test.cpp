@@ -1,5 +1,5 @@
-// The demonstration host's verification: what is wrong in a table is found, and costs that slot
-// alone.
+// The demonstration host's verification finds what is wrong in a table, and that affects only its
+// slot.
 #include "host/verify.h"
 
 #include <gtest/gtest.h>
@@ -65,7 +65,7 @@ TEST_F(VerifyTest, GoesOnAfterAFault) {
   EXPECT_EQ(host::FaultIn(DoNothing), nullptr);
 }
 
-// Multiplies, but for one sample.
+// Multiplies, with one wrong sample.
 void MultiplyWrongly(const uint8_t* s, uint8_t* d, int32_t rows, int32_t columns, int32_t ss,
                      int32_t ds) {
   Call<PlaneBlend>(host::FindReference(host::Catalog()[kBlend], 24)->routine)(s, d, rows, columns,

@@ -13,7 +13,8 @@
 namespace vantrix::host {
 namespace {
 
-// By bytes of the largest plane, at a byte a sample; the columns stay, where samples are larger.
+// Named by the bytes of the largest plane, at one byte per sample. Planes of larger samples have
+// fewer rows, and as many columns.
 struct Size {
   const char* name;
   Shape shape;
@@ -24,7 +25,7 @@ constexpr Size kSizes[] = {
     {"64 x 5", {64, 5}, true}, {"64 x 15", {64, 15}, true}, {"64 x 33", {64, 33}, true},
 };
 constexpr Size kBlock = {"1 x 128", {1, 128}};
-// More than any exercise makes of these, or of the shape that tells the bytes of a sample.
+// More than any exercise needs for these sizes, or for the shape that BytesPerSample uses.
 constexpr size_t kRegionBytes = size_t{4} << 20;
 
 struct Served {
@@ -35,7 +36,7 @@ struct Served {
   std::string Name() const { return SlotName(*suite, slot->index); }
 };
 
-// The slots that a kernel of the plug-in serves here, in order.
+// Returns the slots that a kernel of the plug-in serves here, in order.
 std::vector<Served> ServedSlots(const Tables& tables) {
   std::vector<Served> served;
   for (const SuiteEntry& suite : Catalog())
@@ -72,7 +73,8 @@ class Bench {
   }
 
  private:
-  // False where the routine is not to be measured.
+  // Measures a slot. Returns false if a routine does not do what the host's own does; it is not
+  // measured.
   bool Measure(const Served& served, size_t count) {
     const SuiteIndex suite = served.suite->index;
     const uint16_t slot = served.slot->index;
@@ -89,7 +91,7 @@ class Bench {
     };
     if (!isSame(live, "the plug-in's") || !isSame(ordinary, "the ordinary one")) return false;
 
-    // The ordinary one is the last, whether it is the host's own or not.
+    // The ordinary routine comes last, whether it is the host's own or not.
     std::vector<Routine> routines{live, own};
     if (ordinary != own) routines.push_back(ordinary);
     const int32_t bytes = BytesPerSample(arena_, exercise);
@@ -112,7 +114,7 @@ class Bench {
     return true;
   }
 
-  // What is timed must first do the same.
+  // Returns what a routine does wrong: before it is timed it must do what the host's own does.
   std::string WrongWith(Exercise* exercise, Routine own, Routine routine) {
     std::string wrong;
     const char* const fault =
@@ -120,7 +122,7 @@ class Bench {
     return fault ? fault : wrong;
   }
 
-  // By lines, so that no character is divided on its way to a console.
+  // Prints line by line, so that no character is split on its way to a console.
   void Print(const std::string& text) {
     progress_.Clear();
     for (size_t at = 0; at < text.size();) {

@@ -10,7 +10,7 @@
 namespace vantrix::host {
 namespace {
 
-// Three digits that count, or more.
+// Returns a number with three significant digits or more, but at most four decimals.
 std::string Number(double value, const char* unit) {
   const int decimals = value < 0.1 ? 4 : value < 1 ? 3 : value < 10 ? 2 : value < 100 ? 1 : 0;
   char text[64];
@@ -18,7 +18,7 @@ std::string Number(double value, const char* unit) {
   return text;
 }
 
-// A text at the right of so many columns.
+// Returns a text aligned to the right in `columns` columns.
 std::string Right(const std::string& text, size_t columns) {
   return std::string(columns - std::min(columns, text.size()), ' ') + text;
 }
@@ -40,7 +40,7 @@ std::string BarOf(const Figures& ticks) {
   return bar;
 }
 
-// Of ratios: the geometric mean and the ends.
+// The geometric mean, the least and the greatest of ratios.
 struct Sum {
   double logarithms = 0, least = INFINITY, most = 0;
   int count = 0;
@@ -70,7 +70,7 @@ struct Sums {
   }
 };
 
-// The lines that a test picks, planes and short rows apart.
+// Returns the sums of the lines that `test` accepts, those of planes and of short rows separately.
 template <class Test>
 std::string RowsOf(const std::string& name, const std::vector<Line>& lines, Test test) {
   Sums planes, shortRows;

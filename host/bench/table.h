@@ -1,4 +1,4 @@
-// What the measurements of slots look like.
+// The table of measurements.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace vantrix::host {
 
-// Ticks a sample.
+// Ticks per sample.
 struct Figures {
   double plugin, ordinary, own;
 };
@@ -21,13 +21,14 @@ struct Line {
   Figures ticks;
 };
 
-// What the columns and the bars are.
+// Returns the head, which says what the columns and the bars are.
 std::string HeadOfTable();
 
-// A line with its bar: the longest time of the three fills the width.
+// Returns a line with its bar. The longest of the three times fills the width.
 std::string TextOf(const Line& line);
 
-// How many times as quick the plug-in is in the lines of each suite: geometric means, least, most.
+// Returns how many times as fast the plug-in is in the lines of each suite: geometric mean, least,
+// most.
 std::string SumsOf(const std::vector<Line>& lines);
 
 }  // namespace vantrix::host

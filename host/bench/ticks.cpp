@@ -12,7 +12,7 @@ struct Instant {
   uint64_t ticks;
 };
 
-// Both clocks at once: of some tries the one that nothing came between.
+// Reads both clocks at once: of several tries, returns the one with the least time between them.
 Instant Now() {
   Instant best{};
   uint64_t least = ~uint64_t{0};

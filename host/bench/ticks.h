@@ -1,5 +1,5 @@
-// The processor's time-stamp counter: a clock that goes evenly, whatever the clock of the cores
-// does. Its ticks are no cycles of a core.
+// The processor's time-stamp counter: a clock with a constant rate, whatever the clock of the cores
+// does. Its ticks are not cycles of a core.
 #pragma once
 
 #include <x86intrin.h>
@@ -8,7 +8,7 @@
 
 namespace vantrix::host {
 
-// What came before is done, and what comes after has not begun.
+// Reads the counter when what came before is done, and what comes after has not begun.
 inline uint64_t Ticks() {
   _mm_lfence();
   const uint64_t ticks = __rdtsc();
@@ -16,7 +16,7 @@ inline uint64_t Ticks() {
   return ticks;
 }
 
-// Found out by a clock of the system, once.
+// Returns the rate, measured once by a clock of the system.
 double TicksPerSecond();
 
 }  // namespace vantrix::host

@@ -16,7 +16,7 @@ using Call = std::function<void()>;
 
 Scene FirstScene(Arena& arena) { return Scene(arena, Choices(uint64_t{1})); }
 
-// The planes of a scene as calls are to find them.
+// The planes of a scene as each call must find them.
 class Planes {
  public:
   Planes(std::span<Outcome::Window> planes, bool isFromMemory)
@@ -25,7 +25,7 @@ class Planes {
       plane.before.assign(plane.start, plane.start + plane.after.size());
   }
 
-  // After a call: from now on what it changed is put back before each.
+  // Notes what a call changed. From now on that is restored before each call.
   void NoteChanges() {
     for (size_t i = 0; i < planes_.size(); ++i)
       if (std::memcmp(planes_[i].start, planes_[i].before.data(), planes_[i].before.size()) != 0)
@@ -58,7 +58,7 @@ uint64_t TicksOf(const Call& call, int calls) {
   return Ticks() - start;
 }
 
-// What is measured where a call does nothing.
+// Returns what is measured for a call that does nothing.
 uint64_t TicksOfNothing() {
   static const uint64_t ticks = [] {
     uint64_t least = ~uint64_t{0};
@@ -68,7 +68,7 @@ uint64_t TicksOfNothing() {
   return ticks;
 }
 
-// The ticks of each of so many calls: together, or one by one where planes are prepared.
+// Returns the ticks per call. Calls are measured together, or one at a time if planes are prepared.
 double Turn(const Call& call, const Planes& planes, int calls) {
   uint64_t ticks = 0;
   if (!planes.NeedPreparing()) {

@@ -9,8 +9,8 @@
 namespace vantrix::host {
 namespace {
 
-// What a blend takes besides the photograph, which is the destination: a second
-// picture as its source, a soft-edged mask, a colour, half an opacity.
+// What a blend takes in addition to the photograph, which is the destination: a second picture as
+// its source, a soft-edged mask, a colour, an opacity.
 struct Operands {
   const Picture& photo;
   Picture source;
@@ -45,7 +45,7 @@ void Invert(Routine routine, const Operands& with, int c, Picture& d) {
   Call<InvertBlend>(routine)(with.photo.Row(c, 0), with.source.Row(c, 0), d.Row(c, 0), d.height,
                              d.width, d.width, d.width, d.width, 1, 1, 0);
 }
-// The share replaces the photograph; the plane that it is a share of is set aside.
+// The share replaces the photograph; the combined plane is discarded.
 void Share(Routine routine, const Operands& with, int c, Picture& d) {
   auto combined = with.source.planes[static_cast<size_t>(c)];
   Call<ShareBlend>(routine)(d.Row(c, 0), combined.data(), d.height, d.width, d.width, d.width);

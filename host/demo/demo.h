@@ -12,11 +12,11 @@ namespace vantrix::host {
 // to the list in demo.cpp.
 struct Operation {
   const char* title;
-  double share;  // of the whole time, about
+  double share;  // of the whole time, roughly
   void (*run)(Session& session);
 };
 
-// By area; each in a file of its own.
+// The operations by area, each in a file of its own.
 void DemonstrateMemory(Session& session);
 void DemonstratePaths(Session& session);
 void DemonstrateResampling(Session& session);
@@ -26,23 +26,23 @@ void DemonstrateFilters(Session& session);
 void DemonstrateSelection(Session& session);
 void DemonstrateDepths(Session& session);
 
-// A plane of weights: 255 in an ellipse about the middle, falling to 0 over a soft edge.
+// Returns a plane of weights: 255 in an ellipse around the middle, falling to 0 over a soft edge.
 std::vector<uint8_t> VignetteMask(int width, int height);
 
 struct DemoOptions {
   std::filesystem::path picture;  // a generated one if empty
-  std::filesystem::path folder;   // for results; made if need be
+  std::filesystem::path folder;   // for results; made if needed
 };
 
 // The name of the page for a browser.
 inline constexpr char kPage[] = "report.html";
 
-// Makes a folder for results, if need be. False with the reason in *error where nothing can be
+// Makes a folder for results, if needed. Returns false with the reason in *error if nothing can be
 // written there.
 bool MakeFolder(const std::filesystem::path& folder, std::string* error);
 
 // Runs all operations; writes pictures, the page and report.txt into the folder, and prints the
-// report. False with the reason printed.
+// report. Returns false with the reason printed if something is wrong.
 bool RunDemo(const Tables& tables, const FormIndex* index, const DemoOptions& options);
 
 }  // namespace vantrix::host

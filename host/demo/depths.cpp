@@ -5,7 +5,7 @@
 
 namespace vantrix::host {
 
-// The photograph to 16 bits, to the full range and back: every sample comes home.
+// Converts the photograph to 16 bits, to the full range and back: every sample must be as it was.
 void DemonstrateDepths(Session& session) {
   session.Explain("A 16-bit sample of this host is 0 to 32768; other programs use 0 to 65535.");
   using Words = std::vector<uint16_t>;

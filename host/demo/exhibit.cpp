@@ -7,7 +7,7 @@ namespace {
 
 constexpr Size kShown = {640, 480};
 
-// Brightened by a whole factor, so that small differences can be seen.
+// Brightens a picture by a whole factor, which it returns, so that small differences can be seen.
 int Brighten(Picture* picture) {
   constexpr int kMost = 16;
   uint8_t greatest = 0;

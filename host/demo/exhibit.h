@@ -1,4 +1,4 @@
-// What the demonstration shows of an operation: pictures, and what its slots took.
+// What the demonstration shows of an operation: pictures, and the times of its slots.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 namespace vantrix::host {
 
 // Seconds that one piece of work took: by the ordinary routine, which does the same as the host's
-// own and is written for a compiler to make vectors of, and by the plug-in's.
+// own and is written for a compiler to vectorise, and by the plug-in's.
 struct Times {
   double byOrdinary = 0, byPlugin = 0;
 
@@ -25,19 +25,19 @@ struct Times {
 struct SlotRuns {
   SuiteIndex suite;
   uint16_t slot;
-  std::string form;  // of the plug-in's routine; empty where it is not told
+  std::string form;  // of the plug-in's routine; empty if unknown
   int count;         // of runs
-  bool isSame;       // whether each gave what the host's own routine gave
+  bool isSame;       // whether each result was that of the host's own routine
   Times times;
 };
 
-// Adds to the runs of the same slot, or begins with them.
+// Adds runs to those of the same slot, or appends them.
 void AddRuns(const SlotRuns& runs, std::vector<SlotRuns>* all);
 
-// A picture as large as the page shows it.
+// A picture at the size at which the page shows it.
 struct Figure {
   std::string caption;
-  int width, height;  // of what it was made from, in samples
+  int width, height;  // of the original, in samples
   Picture picture;
 
   Figure(std::string words, const Picture& whole);
@@ -47,17 +47,18 @@ struct Exhibit {
   std::string title;
   std::string text;  // what to look for, in sentences
   std::vector<Figure> figures;
-  bool isChange = false;  // the figures are one picture before, after, and what differs
+  bool isChange = false;  // the figures are a picture before, after, and the difference
   std::vector<SlotRuns> slots;
 };
 
-// `text` tells what the exhibits of a section have in common.
+// `text` says what the exhibits of a section have in common.
 struct Section {
   std::string title, text;
   std::vector<Exhibit> exhibits;
 };
 
-// Before, after, and how far each sample of them lies from the other. Of the same size.
+// Returns three figures: before, after, and the difference of each sample. Both pictures must have
+// the same size.
 std::vector<Figure> BeforeAndAfter(const Picture& before, const Picture& after);
 
 }  // namespace vantrix::host

@@ -12,7 +12,7 @@
 namespace vantrix::host {
 namespace {
 
-// The host's record of a bell of weights that come to 256.
+// Returns the host's record of a bell of weights that sum to 256.
 std::vector<uint8_t> BellKernel(int radius) {
   std::vector<double> bell;
   double sum = 0;
@@ -33,7 +33,7 @@ std::vector<uint8_t> BellKernel(int radius) {
   return kernel;
 }
 
-// Columns by the filter, rows by turning the plane about it.
+// Smooths columns by the filter, and rows by transposing the plane.
 Picture Smoothed(Session& session, int radius) {
   const Picture& photo = session.Photo();
   const auto kernel = BellKernel(radius);
@@ -69,14 +69,14 @@ Picture DeviationMap(Session& session) {
   return map;
 }
 
-// How much each block of 16 x 8 samples differs from the one three columns and two rows on;
-// or by how much it exceeds it.
+// Returns a picture of how much each block of 16 x 8 samples differs from the block three columns
+// and two rows on or, if isSigned, by how much it exceeds that block.
 Picture DifferenceMap(Session& session, bool isSigned) {
   const Picture& photo = session.Photo();
   struct alignas(16) Block {
     uint8_t samples[128];
   };
-  // The outermost samples go on.
+  // The outermost samples are repeated beyond the edges.
   const auto blockAt = [&](int left, int top) {
     Block block;
     for (int y = 0; y < 8; ++y)
@@ -114,7 +114,7 @@ Picture DifferenceMap(Session& session, bool isSigned) {
 
 }  // namespace
 
-// A part is shown, since reducing the whole would hide what filters do.
+// Shows a part, since reducing the whole would hide what filters do.
 void DemonstrateFilters(Session& session) {
   session.Explain("The filters ran on the whole photograph; a part of it is shown.");
   const auto partOf = [](const Picture& picture) {

@@ -6,7 +6,7 @@
 
 namespace vantrix::host {
 
-// The photograph copied into a frame of grey, with a patch of it beside itself.
+// Copies the photograph into a grey frame, and a patch of it into a coloured square.
 void DemonstrateMemory(Session& session) {
   const Picture& photo = session.Photo();
   const int border = photo.height / 16 + 1;

@@ -17,7 +17,7 @@ std::string Paragraph(const std::string& text) {
   return text.empty() ? "" : Element("p", Escaped(text));
 }
 
-// Three significant digits, of a unit that suits.
+// Returns a time with three significant digits, in a suitable unit.
 std::string TimeText(double seconds) {
   const struct {
     double size;
@@ -40,7 +40,7 @@ std::string RatioText(const Times& times) {
   return text;
 }
 
-// How many times as large a small picture is drawn, so that its samples can be seen.
+// Returns how many times as large a small picture is drawn, so that its samples can be seen.
 int GrowthOf(const Picture& picture) {
   constexpr int kWidth = 320, kHeight = 240, kMost = 32;
   return std::clamp(std::min(kWidth / picture.width, kHeight / picture.height), 1, kMost);
@@ -68,7 +68,7 @@ std::string FigureElement(const Figure& figure, const std::string& kind, bool ha
                  Image(figure) + Element("figcaption", Escaped(caption)));
 }
 
-// Whether pictures are so broad that they stand below one another.
+// Whether pictures are so broad that they are shown below one another.
 bool IsBroad(const Exhibit& exhibit) {
   const Picture& picture = exhibit.figures[0].picture;
   return picture.width > 3 * picture.height;

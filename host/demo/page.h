@@ -8,7 +8,7 @@
 
 namespace vantrix::host {
 
-// A line of what a reader should know of the run.
+// Something that a reader should know about the run.
 struct Fact {
   std::string name, value;
 };

@@ -14,13 +14,13 @@ constexpr int kSide = 256;  // of a tile, in pixels
 constexpr int kRowsPerPixel = 4;
 constexpr int kUnitsPerPixel = 256;  // of positions
 
-// Closed, with straight edges.
+// Outlines are closed, with straight edges.
 struct Point {
   double x, y;
 };
 using Outline = std::vector<Point>;
 
-// Every `step`th of `count` points on a circle about the middle of a tile.
+// Returns every `step`th of `count` points on a circle around the middle of a tile.
 Outline Star(int count, int step, double radius) {
   Outline outline;
   for (int i = 0; i < count; ++i) {
@@ -32,7 +32,7 @@ Outline Star(int count, int step, double radius) {
 }
 Outline Circle(double radius) { return Star(120, 1, radius); }
 
-// Appends where an outline crosses each row, taken through the row's middle.
+// Adds the crossings of an outline with each row's middle.
 void Rasterize(const Outline& outline, FillArrayBlock* block) {
   for (size_t i = 0; i < outline.size(); ++i) {
     const Point from = outline[i], to = outline[(i + 1) % outline.size()];
@@ -46,7 +46,7 @@ void Rasterize(const Outline& outline, FillArrayBlock* block) {
   }
 }
 
-// The middle of the picture, as large as a tile; of a small one each sample many times.
+// Returns the middle of the picture, as large as a tile. Samples of a small picture are repeated.
 Picture Thumbnail(const Picture& picture) {
   const int square = std::min(picture.width, picture.height), side = std::max(square, kSide);
   Picture middle(side, side);
@@ -59,7 +59,7 @@ Picture Thumbnail(const Picture& picture) {
   return Fitted(middle, {kSide, kSide});
 }
 
-// The picture where the rows are covered, and paper elsewhere.
+// Returns the picture where the rows are covered, and paper elsewhere.
 Picture Show(const Picture& picture, const FillArrayBlock& block) {
   constexpr int kFull = kRowsPerPixel * kUnitsPerPixel, kPaper = 238;
   Picture shown = picture;
@@ -87,8 +87,8 @@ Picture Show(const Picture& picture, const FillArrayBlock& block) {
 
 }  // namespace
 
-// A star that crosses itself, drawn over a ring of two circles, by each operation and
-// either rule; first the star alone.
+// Draws a star that crosses itself over a ring of two circles, with each operation and either rule;
+// first the star alone.
 void DemonstratePaths(Session& session) {
   const Picture picture = Thumbnail(session.Photo());
   const auto fold = [&](FillArrayBlock* block, const Outline& outline, uint32_t operation,

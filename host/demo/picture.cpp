@@ -16,7 +16,7 @@ namespace vantrix::host {
 
 namespace {
 
-// Each sample of `to` the average of those that lie there in `from`, which are `step` apart.
+// Averages a plane of size `from` down to size `to`. The source samples are `step` apart.
 std::vector<uint8_t> Averaged(const uint8_t* samples, int step, Size from, Size to) {
   std::vector<uint8_t> averages;
   averages.reserve(static_cast<size_t>(to.width) * static_cast<size_t>(to.height));
@@ -116,7 +116,7 @@ bool ReadPicture(const std::filesystem::path& path, int64_t most, Picture* pictu
 
 bool WritePicture(const std::filesystem::path& path, const Picture& picture, std::string* error) {
   const Bytes pixels = Interleaved(picture);
-  // The encoder counts what it writes; what a full disk did not take shows in the stream.
+  // The encoder does not notice a full disk; the stream's state shows it.
   std::ofstream file(path, std::ios::binary);
   const auto write = [](void* to, void* bytes, int size) {
     static_cast<std::ofstream*>(to)->write(static_cast<const char*>(bytes), size);

@@ -9,7 +9,7 @@
 
 namespace vantrix::host {
 
-// Red, green and blue planes of width x height samples, rows without a gap.
+// Red, green and blue planes of width x height samples, without gaps between rows.
 struct Picture {
   int width = 0, height = 0;
   std::array<std::vector<uint8_t>, 3> planes;
@@ -31,26 +31,26 @@ struct Size {
   int width = 0, height = 0;
 };
 
-// Averaged down, so that it fits the size; one that fits stays as it is.
+// Returns a picture averaged down to fit the size. A picture that fits stays as it is.
 Picture Fitted(const Picture& picture, Size most);
 
-// A part of the picture of this size, or of its own where that is smaller; its middle lies at
-// these fractions of the whole.
+// Returns a part of the picture, of this size or of the picture's if that is smaller. The middle of
+// the part lies at these fractions of the whole.
 Picture PartOf(const Picture& picture, Size size, double x, double y);
 
-// One of more than `most` samples a plane is averaged down to so many; *whole is its own size.
-// False with the reason in *error.
+// Reads a picture. If it has more than `most` samples per plane, it is averaged down to that many.
+// *whole is its original size. Returns false with the reason in *error if it cannot be read.
 bool ReadPicture(const std::filesystem::path& path, int64_t most, Picture* picture, Size* whole,
                  std::string* error);
 bool WritePicture(const std::filesystem::path& path, const Picture& picture, std::string* error);
 
-// The file of a picture as an address that holds all of it: a PNG of a small one, else a JPEG.
+// Returns a data URL that holds a picture's whole file: a PNG if it is small, else a JPEG.
 std::string DataUrl(const Picture& picture);
 
-// One whose planes are all the same.
+// Returns a picture whose planes are all this one.
 Picture Gray(const std::vector<uint8_t>& plane, int width, int height);
 
-// A picture made by rule: hills under a sky, where no photograph is at hand.
+// Returns a picture made by rule, for use without a photograph: hills under a sky.
 Picture GeneratedPicture(int width, int height);
 
 }  // namespace vantrix::host

@@ -1,4 +1,4 @@
-// Planes on their own: with a border about them, and turned about their diagonal.
+// Single planes: with a border around them, and transposed.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace vantrix::host {
 
-// A plane with its outermost samples repeated for `border` rows and columns about it.
+// A plane with its outermost samples repeated for `border` rows and columns around it.
 template <class Sample>
 struct BorderedOf {
   int width, height, border;
@@ -37,7 +37,7 @@ std::vector<Sample> Transposed(const std::vector<Sample>& plane, int width, int 
   return turned;
 }
 
-// Those of a picture, in any depth.
+// The planes of a picture, in any depth.
 template <class Sample>
 using Planes = std::array<std::vector<Sample>, 3>;
 

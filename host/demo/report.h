@@ -1,4 +1,4 @@
-// What a run of the demonstration came to, as a table of text.
+// The results of a run of the demonstration, as a table of text.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace vantrix::host {
 
-// A line a slot: the times of all its runs, and whether the results were the same.
+// Returns one line per slot: the times of all its runs, and whether the results were the same.
 std::string TextReport(const std::vector<SlotRuns>& all);
 
 }  // namespace vantrix::host

@@ -45,7 +45,7 @@ std::vector<BorderedOf<Sample>> Bordering(const Planes<Sample>& planes, int widt
   for (const auto& plane : planes) bordered.emplace_back(plane, width, height, WeightTable::kReach);
   return bordered;
 }
-// `height` rows of `from` samples, each made `to` samples wide.
+// Makes `height` rows of `from` samples `to` samples wide.
 template <class Sample>
 Planes<Sample> ResizedAcross(Session& session, const Planes<Sample>& planes, int from, int height,
                              int to, int taps) {
@@ -63,7 +63,7 @@ Planes<Sample> ResizedAcross(Session& session, const Planes<Sample>& planes, int
   return result;
 }
 
-// Columns likewise; where no routine does so, as the rows of the transposed planes.
+// Does the same with columns; if no routine does that, with the rows of the transposed planes.
 template <class Sample>
 Planes<Sample> ResizedDown(Session& session, const Planes<Sample>& planes, int width, int from,
                            int to, int taps) {
@@ -119,7 +119,7 @@ Picture AveragedInBlocks(Session& session, int side) {
   return result;
 }
 
-// More and more rows to one, from the top to the bottom.
+// Averages more and more rows to one, from the top to the bottom.
 Picture AveragedUnevenly(Session& session) {
   const Picture& photo = session.Photo();
   std::vector<int32_t> counts;
@@ -139,7 +139,7 @@ Picture AveragedUnevenly(Session& session) {
 
 constexpr uint8_t kPaper = 60;
 
-// Each row as long as the trapezoid is there, on paper; above it there is none.
+// Makes each row as long as the trapezoid is there, on paper. Rows above it have length 0.
 Picture Trapezoid(Session& session) {
   const Picture& photo = session.Photo();
   const int32_t stride = photo.width + 6;
@@ -172,7 +172,7 @@ Picture Paper(int width, int height) {
   return paper;
 }
 
-// Each row swung to and fro.
+// Swings each row to and fro.
 Picture Waves(Session& session, const Picture& picture) {
   const int32_t width = picture.width;
   Picture result = Paper(width, picture.height);
@@ -211,7 +211,7 @@ Picture Turned(Session& session, const Picture& picture, double degrees, int32_t
 
 }  // namespace
 
-// Sizes, depths and shapes, before and after on one sheet.
+// Shows sizes, depths and shapes, before and after on one sheet.
 void DemonstrateResampling(Session& session) {
   session.Explain(
       "Weights of each tap come from a table of 64 phases. Where a picture's size changes there is "

@@ -10,7 +10,7 @@
 namespace vantrix::host {
 namespace {
 
-// A mask for each class, and the class that both routines give it.
+// Shows a mask for each class, and the class that both routines return for it.
 void Classify(Session& session, int width, int height, Sheet& sheet) {
   const auto soft = VignetteMask(width, height);
   const auto mapped = [&](auto rule) {
@@ -55,7 +55,7 @@ void Classify(Session& session, int width, int height, Sheet& sheet) {
                std::move(figures));
 }
 
-// Orange where bit 7 is set; the other bits as greys.
+// Returns a picture that is orange where bit 7 is set, and grey elsewhere.
 Picture Marked(const std::vector<uint8_t>& data, int width, int height) {
   constexpr uint8_t kOrange[] = {255, 150, 40};
   Picture picture = Gray(data, width, height);
@@ -65,7 +65,7 @@ Picture Marked(const std::vector<uint8_t>& data, int width, int height) {
   return picture;
 }
 
-// A drawn line, and its marks spread row by row.
+// Draws a line, and spreads its marks row by row.
 void Spread(Session& session, int width, int height, Sheet& sheet) {
   constexpr uint8_t kMark = 128, kGround = 40;
   std::vector<uint8_t> marks(static_cast<size_t>(width) * static_cast<size_t>(height), kGround);
@@ -112,7 +112,7 @@ Picture Mosaic(Session& session, uint16_t slot) {
       for (int x = kApart / 2 + y % 3 * 10; x < width; x += kApart)
         planes.priority[static_cast<size_t>(y) * static_cast<size_t>(width) +
                         static_cast<size_t>(x)] = kApart;
-    // Steps of the 8-bit routine count entries, of the 16-bit routine bytes.
+    // Steps of the 8-bit routine count entries, those of the 16-bit routine bytes.
     const int32_t row = width * kSize, entry = kSize;
     const size_t last = samples.size() - 1;
     const struct {

@@ -23,24 +23,24 @@ class Session {
 
   const Picture& Photo() const { return photo_; }
 
-  // What is shown from now on stands under this title. It begins when the part `from` of the
-  // whole demonstration's time is over, and ends with the part `to`.
+  // Begins a section: what is shown from now on has this title. The section takes the part of the
+  // whole demonstration's time from `from` to `to`.
   void Begin(const std::string& title, double from, double to);
-  // This part of the section is done.
+  // Reports that this part of the section is done.
   void Advance(double part);
-  // What the exhibits of the section have in common.
+  // Says what the exhibits of the section have in common.
   void Explain(const std::string& text) { sections_.back().text = text; }
 
-  // Works on *target with the routines of a slot, each time from what *target is now: once with
-  // the host's own, then with the ordinary and the live one in turn, several times; the best times
+  // Works on *target with the routines of a slot, each time from its present value: once with the
+  // host's own, then several times with the ordinary and the live one in turn. The best times
   // count. Leaves the live routine's result, which must equal that of the host's own.
   template <class Target>
   Times Run(SuiteIndex suite, uint16_t slot, Target* target,
             const std::function<void(Routine routine, Target& target)>& work);
 
-  // Shows pictures with the runs since the last that were shown.
+  // Shows pictures with the runs since the last ones shown.
   void Show(const std::string& title, const std::string& text, std::vector<Figure> figures);
-  // A picture before and after, both of one size.
+  // Shows a picture before and after, both of one size.
   void ShowChange(const std::string& title, const std::string& text, const Picture& before,
                   const Picture& after);
 
@@ -48,11 +48,11 @@ class Session {
   void Save(const std::string& name, const Picture& picture);
 
   const std::vector<Section>& Sections() const { return sections_; }
-  // Of all sections, in the order in which slots were first run.
+  // Returns the runs of all sections, in the order in which slots were first run.
   std::vector<SlotRuns> AllRuns() const;
   // Whether every slot gave the result of the host's own routine and every picture was written.
   bool IsGood() const { return isGood_; }
-  // What else must be so.
+  // Adds a condition that must also hold.
   void Require(bool isSo) { isGood_ &= isSo; }
 
  private:
@@ -69,7 +69,7 @@ class Session {
   bool isGood_ = true;
 };
 
-// Seconds that work takes.
+// Returns the seconds that work takes.
 double TimeOf(const std::function<void()>& work);
 
 template <class Target>

@@ -40,7 +40,7 @@ int TextHeight(const std::string& text) {
   return kScale * 12 * static_cast<int>(1 + std::count(text.begin(), text.end(), '\n'));
 }
 
-// Lines no longer than the width, as far as the words allow.
+// Breaks text into lines no longer than the width, as far as the words allow.
 std::string Wrapped(const std::string& text, int width) {
   std::string wrapped, line;
   for (size_t i = 0; i <= text.size();) {

@@ -1,4 +1,5 @@
-// Pictures in a grid, each with a label under it; a row is as high as its highest.
+// Pictures in a grid, each with a label under it; a row is as high as its highest picture and
+// label.
 #pragma once
 
 #include <string>
@@ -12,8 +13,8 @@ class Sheet {
  public:
   Sheet(size_t columns, int tileWidth) : columns_(columns), tileWidth_(tileWidth) {}
 
-  // The picture is reduced to fit a tile, which is a square. The label goes under it, on as many
-  // lines as it takes.
+  // Adds a picture, reduced to fit a square tile. The label goes under it, on as many lines as
+  // needed.
   void Add(const Picture& picture, const std::string& label);
 
   Picture Draw() const;

@@ -20,7 +20,7 @@ std::vector<uint8_t> VignetteMask(int width, int height) {
   return mask;
 }
 
-// The photograph into a second picture, and a colour around the photograph.
+// Blends the photograph into a second picture, and a colour around the photograph.
 void DemonstrateVignette(Session& session) {
   const Picture& photo = session.Photo();
   const auto mask = VignetteMask(photo.width, photo.height);

@@ -26,8 +26,8 @@ WeightTable::WeightTable(int from, int to, int tapCount) : taps(tapCount) {
   for (int phase = 0; phase < kPhases; ++phase) AddPhase(double(phase) / kPhases, cutoff);
 }
 
-// A sinc as wide as the scale wants it, under one as wide as the taps. What rounding takes
-// from the sum or adds to it, the tap next to the middle makes up for.
+// Adds a sinc as wide as the scale needs, under one as wide as the taps. The tap next to the middle
+// makes up for what rounding takes from the sum or adds to it.
 void WeightTable::AddPhase(double fraction, double cutoff) {
   const int first = 1 - taps / 2;
   std::vector<double> exact;

@@ -1,4 +1,4 @@
-// The weights by which a host scales: a windowed sinc in 64 phases.
+// The weights with which a host scales: a windowed sinc in 64 phases.
 #pragma once
 
 #include <cstdint>
@@ -6,16 +6,16 @@
 
 namespace vantrix::host {
 
-// For each of `to` items that stand for `from`: where its taps are, and what they weigh.
+// For each of `to` items made from `from` items: where its taps are, and what they weigh.
 struct WeightTable {
-  static constexpr int kReach = 3;  // items beyond the ends that six taps may name
+  static constexpr int kReach = 3;  // items beyond the ends that six taps may reach
 
   int taps;
   std::vector<int32_t> offsets;
   std::vector<uint8_t> phases;
   std::vector<int16_t> weights;
 
-  // 2, 4 or 6 taps.
+  // `tapCount` is 2, 4 or 6.
   WeightTable(int from, int to, int tapCount);
 
  private:

@@ -40,7 +40,7 @@ bool Allow(uint8_t* memory, size_t bytes, Access access) {
 
 Arena::Arena(size_t bytes) : regionBytes_((bytes + kPage - 1) / kPage * kPage) {}
 
-// By the other constructor, so that what there is goes away again where not all of it fits.
+// Delegates to the other constructor, so that the destructor runs if not all regions fit.
 Arena::Arena(int regions, size_t bytes) : Arena(bytes) {
   for (int i = 0; i < regions; ++i) {
     uint8_t* memory = Reserve(regionBytes_ + 2 * kPage);

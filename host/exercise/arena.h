@@ -1,4 +1,4 @@
-// Memory between inaccessible pages, so that a step outside it is a fault.
+// Memory between inaccessible pages, so that an access outside it is a fault.
 #pragma once
 
 #include <cstddef>
@@ -9,10 +9,10 @@ namespace vantrix::host {
 
 class Arena {
  public:
-  // `regions` regions of at least `bytes` bytes, each with an inaccessible page right
-  // before its first and right after its last byte. Throws std::bad_alloc where there is no room.
+  // Allocates `regions` regions of at least `bytes` bytes, each with an inaccessible page right
+  // before its first byte and right after its last. Throws std::bad_alloc if there is no room.
   Arena(int regions, size_t bytes);
-  // What any scene fits.
+  // Large enough for any scene.
   Arena() : Arena(8, size_t{2} << 20) {}
   ~Arena();
   Arena(const Arena&) = delete;
@@ -22,8 +22,7 @@ class Arena {
   size_t RegionBytes() const { return regionBytes_; }
   uint8_t* Region(int index) const { return regions_[static_cast<size_t>(index)]; }
 
-  // Allows the first `bytes` bytes of a region, whole pages, to be read only, or to be
-  // written again.
+  // Makes the first `bytes` bytes of a region, whole pages, read-only or writable again.
   void SetWritable(int index, size_t bytes, bool isWritable) const;
 
   static constexpr size_t kPage = 4096;

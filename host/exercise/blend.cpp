@@ -4,8 +4,8 @@
 namespace vantrix::host {
 namespace {
 
-// An operand plane: mostly apart; now and then the destination itself, or somewhere
-// over it with another stride.
+// Returns an operand plane: mostly apart from the destination; now and then the destination itself,
+// or a plane over it, perhaps with another stride.
 PlaneView Operand(Scene& scene, Shape shape, PlaneView destination) {
   Choices& choose = scene.Choose();
   if (scene.IsMeasured() || !choose.OneIn(4)) return scene.Bytes(shape);

@@ -1,5 +1,4 @@
-// Where an exercise takes its choices from: a seeded generator, or bytes that
-// somebody else thought up.
+// The source of an exercise's choices: a seeded generator, or bytes that somebody else chose.
 #pragma once
 
 #include <cstdint>
@@ -11,17 +10,17 @@ namespace vantrix::host {
 class Choices {
  public:
   explicit Choices(uint64_t seed) : state_(seed * 2 + 1) {}
-  // Takes two bytes a choice; when they run out, every choice is 0.
+  // Takes two bytes per choice. When they run out, every choice is 0.
   explicit Choices(std::span<const uint8_t> bytes) : bytes_(bytes), fromBytes_(true) {}
 
-  // 0 .. bound - 1.
+  // Returns 0 .. bound - 1.
   uint32_t Below(uint32_t bound) { return fromBytes_ ? NextWord() % bound : Random() % bound; }
   int32_t Between(int32_t low, int32_t high) {
     return low + static_cast<int32_t>(Below(static_cast<uint32_t>(high - low + 1)));
   }
   bool OneIn(uint32_t n) { return Below(n) == n - 1; }
 
-  // For bulk data: a generator of its own, so that choices stay few.
+  // Returns a seed for bulk data, which has a generator of its own, so that choices stay few.
   uint64_t Seed() { return uint64_t{Below(65536)} << 16 | Below(65536); }
 
  private:

@@ -4,7 +4,7 @@
 namespace vantrix::host {
 namespace {
 
-// Strides are rounded down to even: an odd one stands for the even one below it.
+// Returns the stride or an odd one that means the same: routines round strides down to even.
 int32_t PerhapsOdd(Scene& scene, int32_t stride) {
   return stride | static_cast<int32_t>(scene.Choose().Below(2));
 }

@@ -5,7 +5,7 @@
 
 namespace vantrix::host {
 
-// Operands apart from what is written, the same, or over it in any way.
+// Operands are apart from what is written, the same, or over it in any way.
 Exercise ExercisePlaneBlend, ExerciseOpacityBlend, ExerciseMaskedBlend, ExerciseColorMaskedBlend,
     ExercisePlanesBlend, ExerciseInvertBlend, ExerciseShareBlend, ExerciseMaskFirstBlend;
 

@@ -16,7 +16,7 @@ namespace vantrix::host {
 namespace {
 
 void* behind[5];                       // where to go on after a fault
-std::atomic<uintptr_t> guardedThread;  // 0 where none is
+std::atomic<uintptr_t> guardedThread;  // 0 if there is none
 const char* fault;
 
 constexpr char kInstruction[] = "ran an instruction that this processor does not know";
@@ -48,7 +48,7 @@ constexpr Kind kKinds[] = {
 uintptr_t ThisThread() { return static_cast<uintptr_t>(pthread_self()); }
 #endif
 
-// Whether it is guarded work that was stopped; it is no longer guarded then.
+// Returns whether a fault stopped guarded work, which is then no longer guarded.
 bool Stops(const Kind* kind) {
   if (kind == std::end(kKinds) || guardedThread != ThisThread()) return false;
   guardedThread = 0;
@@ -66,13 +66,13 @@ void* handler;
 
 LONG WINAPI OnFault(EXCEPTION_POINTERS* what) {
   if (!Stops(KindOf(what->ExceptionRecord->ExceptionCode))) return EXCEPTION_CONTINUE_SEARCH;
-  // Goes on in GoBehind, as if it had been called where the fault was.
+  // Goes on in GoBehind, as if it had been called at the fault.
   what->ContextRecord->Rsp = (what->ContextRecord->Rsp & ~DWORD64{15}) - 8;
   what->ContextRecord->Rip = reinterpret_cast<DWORD64>(GoBehind);
   return EXCEPTION_CONTINUE_EXECUTION;
 }
 
-// Exceptions of any language's run-time library.
+// Catches exceptions of any language's run-time library.
 [[gnu::noinline]] bool EndsWithoutException(const std::function<void()>& work) {
   __try {
     work();
@@ -91,7 +91,7 @@ void OnFault(int number, siginfo_t* information, void* context) {
   if (other.sa_flags & SA_SIGINFO)
     other.sa_sigaction(number, information, context);
   else if (other.sa_handler == SIG_DFL)
-    sigaction(number, &other, nullptr);  // the fault comes again, and ends the program
+    sigaction(number, &other, nullptr);  // the fault occurs again and ends the program
   else if (other.sa_handler != SIG_IGN)
     other.sa_handler(number);
 }
@@ -106,7 +106,8 @@ void OnFault(int number, siginfo_t* information, void* context) {
 }
 #endif
 
-// Apart, as a function that goes on behind a fault may hold nothing in registers.
+// Whether work ends by itself. A separate function, as one that goes on after a fault may hold
+// nothing in registers.
 [[gnu::noinline]] bool Ends(const std::function<void()>& work) {
   if (__builtin_setjmp(behind)) return false;
   guardedThread = ThisThread();
@@ -132,7 +133,7 @@ FaultStack::~FaultStack() = default;
 FaultWatch::FaultWatch() {
   struct sigaction action = {};
   action.sa_sigaction = OnFault;
-  // The handler is left, not returned from.
+  // The handler jumps out instead of returning.
   action.sa_flags = SA_SIGINFO | SA_NODEFER | SA_ONSTACK;
   for (const Kind& kind : kKinds)
     sigaction(static_cast<int>(kind.number), &action, &before[&kind - kKinds]);
@@ -149,8 +150,7 @@ struct FaultStack::Stack {
 FaultStack::FaultStack() : stack_(std::make_unique<Stack>()) {
   const stack_t stack{.ss_sp = stack_->bytes, .ss_flags = 0, .ss_size = sizeof stack_->bytes};
   sigaltstack(&stack, &stack_->before);
-  // A thread inherits which signals are kept from it. A fault that is kept from a thread ends the
-  // program.
+  // A thread inherits which signals are blocked. A fault whose signal is blocked ends the program.
   sigset_t faults;
   sigemptyset(&faults);
   for (const Kind& kind : kKinds) sigaddset(&faults, static_cast<int>(kind.number));

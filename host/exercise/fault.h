@@ -1,4 +1,5 @@
-// Work that may touch memory outside a plane, or run what the processor does not know.
+// Catches faults of work that may access memory outside a plane, or run instructions that the
+// processor does not know.
 #pragma once
 
 #include <functional>
@@ -6,8 +7,8 @@
 
 namespace vantrix::host {
 
-// While one lives, FaultIn catches faults. What handled them before gets those of other threads
-// meanwhile, and all of them afterwards. One at a time.
+// While one exists, FaultIn catches faults. The previous handlers still get the faults of other
+// threads, and all faults afterwards. Only one may exist at a time.
 class FaultWatch {
  public:
   FaultWatch();
@@ -16,7 +17,7 @@ class FaultWatch {
   FaultWatch& operator=(const FaultWatch&) = delete;
 };
 
-// On the thread that makes one, work that fills the stack is caught too.
+// FaultIn also catches work that fills the stack, on the thread that makes one of these.
 class FaultStack {
  public:
   FaultStack();
@@ -29,11 +30,11 @@ class FaultStack {
   std::unique_ptr<Stack> stack_;
 };
 
-// What stopped work, where it was memory.
+// What FaultIn returns if an access to memory stopped the work.
 inline constexpr char kWildAccess[] = "touched memory that it may not";
 
-// Does work(), on one thread at a time; returns what stopped it, or null. Work that was stopped
-// does not go on: what it held is lost, and floating-point control is as it was before.
+// Does work(), on one thread at a time. Returns what stopped it, or null. Work that was stopped
+// does not go on: what it held is lost, and floating-point control is restored.
 const char* FaultIn(const std::function<void()>& work);
 
 }  // namespace vantrix::host

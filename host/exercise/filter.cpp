@@ -7,7 +7,8 @@
 namespace vantrix::host {
 namespace {
 
-// A plane with `border` rows and columns about the shape; the view is of the shape.
+// Returns a view of the shape in a plane that has `rows` rows and `columns` columns more on each
+// side.
 PlaneView Bordered(Scene& scene, Shape shape, int32_t rows, int32_t columns) {
   if (shape.rows < 1 || shape.columns < 1) return scene.Bytes(shape);
   PlaneView view = scene.Bytes({shape.rows + 2 * rows, shape.columns + 2 * columns});
@@ -15,7 +16,7 @@ PlaneView Bordered(Scene& scene, Shape shape, int32_t rows, int32_t columns) {
   return view;
 }
 
-// A destination apart, or over the middle of a source.
+// Returns the destination `apart`, or one over a source without its border.
 PlaneView Beneath(Scene& scene, PlaneView apart, Shape shape, PlaneView source) {
   return scene.PerhapsWithin(apart, shape, shape.columns, source, shape.rows, shape.columns);
 }
@@ -32,7 +33,7 @@ void ExerciseDeviation(Routine routine, Scene& scene) {
   const int before = services.polls;
   scene.Call<DeviationRoutine>(routine, s.first, d.first, shape.rows, shape.columns, s.stride,
                                d.stride);
-  // Polled once; the answer is what is returned.
+  // The routine must poll once and return the poll's result.
   if (!scene.IsMeasured()) {
     const bool isPolledOnce = services.polls == before + 1;
     scene.SetResult(isPolledOnce && scene.Result() == static_cast<uint64_t>(services.polls));
@@ -52,7 +53,8 @@ void ExerciseConvolve(Routine routine, Scene& scene) {
   const PlaneView apart = scene.Bytes(shape);
   const PlaneView s = Bordered(scene, shape, std::max(0, radius), 0);
   const PlaneView d = Beneath(scene, apart, shape, s);
-  // Weights of a mean; small ones, whose sum may wrap; any, with bits above the 16 that count.
+  // Weights are those of a mean, small ones whose sum may wrap, or any, with bits above the 16 that
+  // count.
   const int32_t taps = std::max(0, 2 * radius + 1);
   std::vector<uint8_t> memory(84 + 4 * static_cast<size_t>(taps));
   std::memcpy(memory.data() + 80, &radius, 4);

@@ -20,14 +20,14 @@ int32_t RunLength(Scene& scene) {
   }
 }
 
-// Rows without a gap, as often as not: then a rectangle is one run.
+// Returns a rectangle, often without gaps between rows: it is then one run.
 PlaneView RectOf(Scene& scene, Shape shape, int32_t rowBytes, int32_t unit) {
   PlaneView view = scene.Plane(shape, rowBytes, unit);
   if (scene.Choose().OneIn(2) && view.stride > 0) view.stride = rowBytes;
   return view;
 }
 
-// Bytes that are all equal but perhaps for one, and the value to look for.
+// Fills a plane with equal bytes, except perhaps one. Returns the value to look for.
 uint32_t Plant(Scene& scene, PlaneView view, Shape shape) {
   Choices& choose = scene.Choose();
   const auto value = static_cast<uint8_t>(choose.Below(256));
@@ -49,7 +49,7 @@ void ExerciseCopyBytes(Routine routine, Scene& scene) {
     scene.Call<CopyBytesRoutine>(routine, s.first, d.first, bytes);
     return;
   }
-  // Overlapping, in either direction, by any part of the length.
+  // The runs overlap, in either direction, by any part of the length.
   const int32_t apart = scene.Choose().Between(0, bytes + 8);
   const PlaneView both = scene.Run(bytes + apart);
   const int32_t isForward = scene.Choose().Between(0, 1);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kNewLine[] = "\n       ";
 
-// A sample of a plane; of a list, where rows mean nothing, the row is 0.
+// The position of a sample in a plane. In a list, which has no rows, the row is 0.
 struct Position {
   ptrdiff_t row, sample;
 };
@@ -33,7 +33,7 @@ class NamedArguments {
   const Argument& operator[](size_t i) const { return arguments_[i]; }
   const std::string& Name(size_t i) const { return names_[i]; }
 
-  // Bytes from a row of a plane to the next; 0 of a list.
+  // Returns the bytes from a row of a plane to the next; 0 for a list.
   ptrdiff_t StrideOf(size_t plane) const {
     const bool haveOwn = std::ranges::any_of(
         names_, [](const std::string& name) { return name.ends_with(" stride"); });
@@ -43,7 +43,7 @@ class NamedArguments {
       const auto found = std::ranges::find(names_, name);
       if (found == names_.end()) continue;
       const int64_t stride = arguments_[static_cast<size_t>(found - names_.begin())].number;
-      // An odd stride of wider samples stands for the one below it.
+      // A stride of wider samples is rounded down to whole samples.
       return static_cast<ptrdiff_t>(stride & -int64_t{arguments_[plane].sampleBytes});
     }
     return 0;
@@ -53,7 +53,7 @@ class NamedArguments {
     const ptrdiff_t bytes = place - arguments_[plane].place, stride = StrideOf(plane);
     const ptrdiff_t size = std::abs(stride), sample = arguments_[plane].sampleBytes;
     if (size == 0) return {0, bytes / sample};
-    // The row whose bytes are nearest below, whichever way the rows run.
+    // The row with the nearest start at or below the byte, whichever way the rows run.
     const ptrdiff_t below = bytes >= 0 ? bytes / size : -((size - 1 - bytes) / size);
     return {stride < 0 ? -below : below, (bytes - below * size) / sample};
   }
@@ -73,7 +73,7 @@ std::string PositionText(const NamedArguments& arguments, size_t plane, Position
   return arguments.Name(plane) + ", " + row + "sample " + std::to_string(at.sample);
 }
 
-// Large numbers in hexadecimal digits: they are narrow ones with anything above them.
+// Writes large numbers in hexadecimal digits: they are narrow ones with anything above them.
 std::string NumberText(int64_t number) {
   if (std::abs(number) <= 0xFFFFF) return std::to_string(number);
   const bool isWide = number != static_cast<int32_t>(number);
@@ -105,8 +105,8 @@ const Outcome::Window* WindowOf(const Outcome& outcome, const uint8_t* place) {
   return nullptr;
 }
 
-// Some samples of a plane about a position, which stands in brackets; none where the plane does
-// not reach there.
+// Returns some samples of a plane around a position, whose sample is in brackets; none if the plane
+// does not reach there.
 std::string SamplesText(const NamedArguments& arguments, size_t plane, Position at,
                         const Outcome::Window& window) {
   constexpr ptrdiff_t kAbout = 4;
@@ -129,7 +129,7 @@ std::string SamplesText(const NamedArguments& arguments, size_t plane, Position 
 struct Differing {
   const uint8_t* place;
   size_t window;
-  size_t index;  // in it
+  size_t index;  // in the window
 };
 std::optional<Differing> FirstDiffering(const Outcome& expected, const Outcome& actual) {
   for (size_t i = 0; i < expected.windows.size(); ++i) {
@@ -142,7 +142,8 @@ std::optional<Differing> FirstDiffering(const Outcome& expected, const Outcome& 
   return {};
 }
 
-// The plane that a place belongs to: one that the routine may write, if any does.
+// Returns the plane that a place belongs to. If there are several, prefers one that the routine may
+// write.
 std::optional<size_t> PlaneAt(const NamedArguments& arguments, const Outcome& inputs,
                               const uint8_t* place) {
   const Outcome::Window* const window = WindowOf(inputs, place);

@@ -1,4 +1,4 @@
-// What a call was given and what it left behind, and how two calls differ, in words.
+// What a call received and what it left, and how two calls differ, in words.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace vantrix::host {
 
-// As a routine was given it: a number, or where a plane or a list begins.
+// An argument as a routine received it: a number, or the start of a plane or a list.
 struct Argument {
   int64_t number = 0;
   const uint8_t* place = nullptr;  // null for a number
@@ -46,8 +46,8 @@ struct Outcome {
   struct Window {
     const uint8_t* start;
     int32_t rows, stride, rowBytes;
-    const uint8_t* first;                // row
-    std::vector<uint8_t> before, after;  // the call; `before` only where inputs are kept
+    const uint8_t* first;                // of the first row
+    std::vector<uint8_t> before, after;  // the call; `before` only if inputs are kept
 
     bool Holds(const uint8_t* place) const {
       return place >= start && place < start + after.size();
@@ -57,22 +57,22 @@ struct Outcome {
   std::vector<Argument> arguments;
   uint64_t result = 0;
   bool keptFloatControl = true;
-  bool hasOverlap = false;  // planes share memory, but not as one plane
+  bool hasOverlap = false;  // planes share memory, but are not one plane
 };
 
 bool AreSame(const Outcome& expected, const Outcome& actual);
 
-// What the two results of a difference are called.
+// The names of the two results in a difference.
 struct Sides {
   const char *expected = "expected", *actual = "got";
 };
-// Where two outcomes differ first, in lines of text: the samples, the arguments, and what every
-// plane held there before, as `inputs` says, the outcome of a call that kept them. `names` are
-// those of the arguments, separated by ", ".
+// Describes the first difference of two outcomes in lines of text: the samples, the arguments, and
+// what every plane held there before. `inputs` is the outcome of a call that kept its inputs.
+// `names` are the names of the arguments, separated by ", ".
 std::string Difference(const Outcome& expected, const Outcome& actual, const Outcome& inputs,
                        const std::string& names, Sides sides = {});
 
-// What a routine was called with, in words.
+// Returns the arguments of a call in words.
 std::string ArgumentsText(const Outcome& outcome, const std::string& names);
 
 }  // namespace vantrix::host

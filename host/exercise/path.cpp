@@ -7,14 +7,15 @@
 namespace vantrix::host {
 namespace {
 
-// Mostly so close together that positions coincide; now and then anywhere.
+// Returns a position: anywhere if `range` is large, else mostly below it, so that positions
+// coincide.
 uint32_t Position(Choices& choose, uint32_t range) {
   constexpr uint32_t kLast = 0x7FFFFFFF;
   if (range > 0xFFFF) return (choose.Below(65536) << 16 | choose.Below(65536)) & kLast;
   return choose.OneIn(64) ? kLast - choose.Below(3) : choose.Below(range);
 }
 
-// Anywhere, up to the ends of what 32 bits hold.
+// Returns a row near 0, or at one of the ends of what 32 bits hold.
 int32_t FirstRow(Choices& choose, int32_t rows) {
   switch (choose.Below(4)) {
     case 0:
@@ -26,8 +27,8 @@ int32_t FirstRow(Choices& choose, int32_t rows) {
   }
 }
 
-// As many entries as fit, each kind in pairs but for an odd row now and then, which
-// stays covered to its end.
+// Fills a row with at most as many entries as fit. Each kind comes in pairs, except in an odd row
+// now and then, which stays covered to its end.
 void FillRow(Choices& choose, FillArray* array, int32_t row, uint32_t room, uint32_t range) {
   uint32_t* const record = RowOf(array, row);
   record[kEntryCount] = record[kPendingCount] = 0;
@@ -45,9 +46,9 @@ void FillRow(Choices& choose, FillArray* array, int32_t row, uint32_t room, uint
 
 }  // namespace
 
-// Rows of as many entries as the shape has columns. What a routine leaves behind a row's
-// entries, where it had pending ones, and in the calc buffer but for its last two words
-// is its own affair.
+// Rows have room for as many entries as the shape has columns. What a routine leaves past the end
+// of the entries of a row that had pending ones is not compared, nor is the calc buffer except its
+// last two words.
 void ExerciseFillArray(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
   Choices& choose = scene.Choose();

@@ -7,13 +7,13 @@
 namespace vantrix::host {
 namespace {
 
-// A list of 32-bit values, to be filled in.
+// Returns a list of 32-bit values that the caller fills in.
 int32_t* ListOf(Scene& scene, int32_t count) {
   return reinterpret_cast<int32_t*>(scene.Run(std::max(count, 0) * 4, 4).first);
 }
 
-// How many source rows the next output row takes, of which `rest` may still be taken
-// and `taken` given back.
+// Returns how many source rows the next output row takes: `rest` rows may still be taken, and
+// `taken` given back.
 int32_t ChooseRowCount(Choices& choose, int32_t taken, int32_t rest) {
   switch (choose.Below(20)) {
     case 0:
@@ -27,7 +27,7 @@ int32_t ChooseRowCount(Choices& choose, int32_t taken, int32_t rest) {
   }
 }
 
-// A source length or a side of it: now and then none.
+// Returns the length or a side of a source: now and then none.
 int32_t ChooseLength(Choices& choose) {
   if (choose.OneIn(16)) return choose.Between(-2, 0);
   return choose.OneIn(3) ? choose.Between(1, 4) : choose.Between(1, 300);
@@ -37,8 +37,8 @@ int32_t ChooseMode(Scene& scene) {
   return static_cast<int32_t>(scene.Narrow(kModes[scene.Choose().Below(7)]));
 }
 
-// Source positions near one another, anywhere inside, beside the ends, or at the edges of
-// what the modes take in.
+// Source positions near one another, anywhere inside, around the ends, or at the edges of what the
+// modes accept.
 class Positions {
  public:
   Positions(Scene& scene, int32_t length)
@@ -84,7 +84,7 @@ int32_t OutputCount(Scene& scene) {
 
 }  // namespace
 
-// Measured, the shape is the source's, and three rows make one.
+// When measured, the shape is that of the source, and three rows make one.
 void ExerciseBoxAverageRows(Routine routine, Scene& scene) {
   Choices& choose = scene.Choose();
   Shape shape = scene.ChooseShape();
@@ -109,7 +109,7 @@ void ExerciseBoxAverageRows(Routine routine, Scene& scene) {
                              d.stride);
 }
 
-// Measured, the shape is the source's, and blocks are of 2 x 2.
+// When measured, the shape is that of the source, and blocks are of 2 x 2.
 void ExerciseBoxAverageArea(Routine routine, Scene& scene) {
   Choices& choose = scene.Choose();
   Shape shape = scene.ChooseShape();
@@ -133,7 +133,7 @@ void ExerciseBoxAverageArea(Routine routine, Scene& scene) {
                              s.stride, d.stride);
 }
 
-// Measured, lengths go from half to one and a half times the width.
+// When measured, lengths go from half to one and a half times the width.
 void ExerciseResampleRowsStepped(Routine routine, Scene& scene) {
   Choices& choose = scene.Choose();
   const Shape shape = scene.ChooseShape();
@@ -150,7 +150,7 @@ void ExerciseResampleRowsStepped(Routine routine, Scene& scene) {
       lengths[y] =
           choose.OneIn(3) ? width + choose.Between(-8, 8) : choose.Between(-width, 3 * width);
   }
-  // Three samples more on both sides of the source.
+  // The source has three more samples on both sides.
   const PlaneView s = scene.Bytes({shape.columns < 1 ? 0 : shape.rows, shape.columns + 6});
   const PlaneView d =
       scene.PerhapsWithin(apart, shape, shape.columns, s, shape.rows, shape.columns + 6);

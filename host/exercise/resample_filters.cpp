@@ -14,7 +14,7 @@ namespace {
 
 constexpr FilterSetting kUsual = {4, 1.7};
 
-// Mostly what resizing uses; now and then fewer than none, or so many that sums wrap.
+// Returns mostly what resizing uses; now and then a negative number, or so many that sums wrap.
 int32_t ChooseTaps(Choices& choose, Shape shape) {
   const bool isSmall = shape.columns <= 100;
   switch (choose.Below(20)) {
@@ -34,7 +34,7 @@ int32_t ChooseTaps(Choices& choose, Shape shape) {
   }
 }
 
-// Weights of one phase that come to 16384, with lobes.
+// Fills in the weights of one phase, with lobes. They sum to 16384.
 void FillOne(Choices& choose, int16_t* weights, int32_t taps) {
   int32_t rest = 16384;
   for (int32_t k = 0; k < taps; ++k) {
@@ -44,8 +44,8 @@ void FillOne(Choices& choose, int16_t* weights, int32_t taps) {
   }
 }
 
-// Such weights, or whatever clamps and wraps, or noise, which the memory is. Measured,
-// sums are not clamped, as in most of a photograph.
+// Fills in such weights or extreme ones, which clamp and wrap, or leaves the noise in memory. When
+// measured, sums are not clamped, as in most of a photograph.
 void FillWeights(Scene& scene, int16_t* weights, int32_t phases, int32_t taps) {
   Choices& choose = scene.Choose();
   const uint32_t kind = choose.Below(6);
@@ -61,8 +61,8 @@ void FillWeights(Scene& scene, int16_t* weights, int32_t phases, int32_t taps) {
   }
 }
 
-// The item that the first tap of output item i of `count` takes, none above `last`: as
-// scaling and mirroring have it, or any, or one of the two ends.
+// Returns the source item of the first tap of output item i of `count`, at most `last`: as in
+// scaling or mirroring, or any, or one of the two ends.
 int32_t FirstTap(Choices& choose, uint32_t kind, int32_t i, int32_t count, int32_t last,
                  double scale) {
   switch (kind) {
@@ -86,10 +86,10 @@ struct Lists {
   int32_t* offsets;
   uint8_t* phases;
   int16_t* weights;
-  int64_t origin;  // the source item, counted from its first, that offset 0 names
+  int64_t origin;  // the source item that offset 0 names, counted from the first
 };
 
-// Lists for `count` output items over `items` source items.
+// Makes the lists for `count` output items over `items` source items.
 Lists MakeLists(Scene& scene, int32_t taps, int32_t count, int32_t items, double scale) {
   Choices& choose = scene.Choose();
   constexpr int32_t kPhaseCounts[] = {1, 2, 5, 16, 256};
@@ -101,8 +101,8 @@ Lists MakeLists(Scene& scene, int32_t taps, int32_t count, int32_t items, double
               0};
   if (isWeighted) FillWeights(scene, lists.weights, phases, taps);
 
-  // The item that the source points to lies among the others, or so far away that the
-  // least or the greatest offset is as far as offsets go.
+  // The item that the source points to lies among the others, or so far away that the least or the
+  // greatest offset is at the limit of 32 bits.
   const int32_t last = items - std::max(taps, 1), toFirst = taps / 2 - 1;
   const uint32_t place = scene.IsMeasured() ? 0 : choose.Below(6);
   if (place == 1) lists.origin = int64_t{toFirst} - INT_MIN;
@@ -118,8 +118,8 @@ Lists MakeLists(Scene& scene, int32_t taps, int32_t count, int32_t items, double
   return lists;
 }
 
-// Floats of pictures, of any size, and those that are special. Not-a-numbers are all one:
-// which of several a sum becomes is nobody's rule.
+// Fills a plane with floats as in pictures, floats of any size, or special ones. All NaNs are the
+// same one: no rule says which of several a sum becomes.
 void FillFloats(Scene& scene, PlaneView view, Shape shape) {
   constexpr auto kInfinity = std::numeric_limits<float>::infinity();
   constexpr float kSpecial[] = {0.0f, -0.0f, 1.0f, kInfinity, -kInfinity, 1e-40f, 3e38f, -1e-38f};
@@ -145,7 +145,7 @@ PlaneView SourcePlane(Scene& scene, Shape shape) {
   return view;
 }
 
-// Far from the samples this is not an address in them, so no pointer arithmetic.
+// Uses no pointer arithmetic, as the result may lie far from the samples.
 template <class Sample>
 const Sample* Moved(const uint8_t* from, int64_t bytes) {
   return reinterpret_cast<const Sample*>(reinterpret_cast<uintptr_t>(from) +
@@ -156,7 +156,8 @@ int32_t TapArgument(Scene& scene, int32_t taps) {
   return static_cast<int32_t>(scene.Narrow(static_cast<uint16_t>(taps)));
 }
 
-// Source items for `count` output items: as the scale has it, or hardly more than taps.
+// Returns the number of source items for `count` output items: by the scale when measured, else
+// any, often hardly more than the taps.
 int32_t ChooseItems(Scene& scene, FilterSetting setting, int32_t count) {
   const int32_t least = std::max(setting.taps, 1);
   if (scene.IsMeasured()) return static_cast<int32_t>(count / setting.scale) + least;
@@ -186,7 +187,8 @@ void FilterHorizontally(Routine routine, Scene& scene, FilterSetting measured) {
   const PlaneView d =
       scene.PerhapsWithin(apart, shape, shape.columns * kSize, s, shape.rows, items * kSize, kSize);
   const Lists lists = MakeLists(scene, setting.taps, count, items, setting.scale);
-  // Rows are unsigned; below 1 they are many, which only an empty width has nothing of.
+  // Rows are unsigned, so a negative number means many rows. Only an empty width has no samples
+  // then.
   const auto rows = static_cast<uint32_t>(shape.columns < 1 ? shape.rows : std::max(shape.rows, 0));
   scene.Call<FilterHorizontal<Sample>>(routine, Moved<Sample>(s.first, lists.origin * kSize),
                                        reinterpret_cast<Sample*>(d.first), rows, shape.columns,
@@ -207,7 +209,7 @@ void FilterVertically(Routine routine, Scene& scene, FilterSetting measured) {
   const PlaneView d = scene.PerhapsWithin(apart, shape, shape.columns * kSize, s, items,
                                           shape.columns * kSize, kSize);
   const Lists lists = MakeLists(scene, setting.taps, count, items, setting.scale);
-  // What a stride has above whole samples does not count.
+  // The part of a stride beyond whole samples does not count.
   const auto stride = [&](int32_t bytes) {
     const int32_t more = scene.IsMeasured() ? 0 : scene.Choose().Below(kSize);
     return bytes < 0 ? bytes - more : bytes + more;

@@ -1,4 +1,4 @@
-// Scenes of the filters, with settings of one's own where they are measured.
+// Exercises of the filters. When they are measured, the caller chooses the setting.
 #pragma once
 
 #include "host/exercise/scene.h"
@@ -7,7 +7,7 @@ namespace vantrix::host {
 
 struct FilterSetting {
   int32_t taps;
-  double scale;  // output items for a source item
+  double scale;  // output items per source item
 };
 
 template <class Sample>

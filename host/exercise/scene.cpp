@@ -11,8 +11,8 @@ namespace {
 // Bytes before and after a plane that must stay as they are.
 constexpr ptrdiff_t kMargin = 64;
 
-// Where misaligned planes start, in units. They lie apart besides, or a row that is written
-// would stand at the same place of a page as one that is read next.
+// Where misaligned planes start, in units. They also lie apart: otherwise a row that is written
+// would lie at the same place of a page as one that is read next.
 constexpr int32_t kOddPlaces[] = {5, 19, 41, 27, 11};
 constexpr ptrdiff_t kApart = 704;
 
@@ -39,7 +39,8 @@ void FillNoise(Noise& noise, uint8_t* start, size_t bytes) {
   for (; i < bytes; ++i) start[i] = static_cast<uint8_t>(noise.Next() >> 56);
 }
 
-// No step is so large that a branch on samples goes another way at each.
+// Fills memory with samples in steps so small that a branch on them does not change direction at
+// each.
 void FillSmoothly(Noise& noise, uint8_t* start, size_t bytes) {
   int sample = static_cast<int>(noise.Next() >> 56);
   for (size_t i = 0; i < bytes;) {
@@ -88,7 +89,7 @@ Shape Scene::ChooseShape() {
       shape.rows = choices_.Between(-3, 0);
       break;
     case 1:
-      // More than any kernel takes together.
+      // More rows than any kernel processes together.
       shape.rows = shape.columns <= 70 ? choices_.Between(7, 150) : 6;
       break;
     default:
@@ -98,8 +99,8 @@ Shape Scene::ChooseShape() {
   return shape;
 }
 
-// Contents on which rules differ: noise, one value, extremes, the values about the
-// middle, ramps, and long runs as masks have them.
+// Fills memory with contents on which rules differ: noise, one value, extremes, values around the
+// middle, ramps, and long runs as in masks.
 void Scene::FillContent(uint8_t* start, size_t bytes) {
   const uint32_t kind = IsMeasured() ? 0 : choices_.Below(8);
   Noise noise(choices_.Seed());
@@ -132,7 +133,7 @@ void Scene::FillContent(uint8_t* start, size_t bytes) {
 }
 
 PlaneView Scene::Plane(Shape shape, int32_t rowBytes, int32_t unit) {
-  // Room between rows, as other planes of the same picture or padding would make.
+  // Room between rows, as for other planes of the same picture or padding.
   const int32_t gap = IsMeasured() || choices_.OneIn(3) ? 0 : choices_.Between(0, 40) * unit;
   const bool isUpward = !IsMeasured() && choices_.OneIn(4);
   const int32_t step = rowBytes > 0 ? rowBytes + gap : gap + 64;
@@ -194,7 +195,7 @@ constexpr int32_t kReach = 48;
 PlaneView Scene::RoomyBytes(Shape shape) {
   if (IsMeasured() || IsPinned() || shape.rows < 1 || shape.columns < 1) return Bytes(shape);
   if (!choices_.OneIn(3)) return Bytes(shape);
-  // A plane of more and longer rows, of which the shape is a part.
+  // A plane with more and longer rows, of which the shape is a part.
   const Shape room{shape.rows + 2, shape.columns + 2 * kReach};
   PlaneView view = Bytes(room);
   isRoomy_ = true;
@@ -205,7 +206,7 @@ PlaneView Scene::RoomyBytes(Shape shape) {
 PlaneView Scene::Over(Shape shape, PlaneView other) {
   if (!isRoomy_) return other;
   NoteOverlap();
-  // The same rows or a row beside them, shifted, perhaps drifting from row to row.
+  // The same rows, or one row further up or down, shifted, perhaps drifting from row to row.
   PlaneView view = other;
   view.first +=
       intptr_t{choices_.Between(-1, 1)} * other.stride + choices_.Between(-kReach, kReach);
@@ -232,7 +233,7 @@ PlaneView Scene::PerhapsWithin(PlaneView apart, Shape shape, int32_t rowBytes, P
   if (IsMeasured() || IsPinned() || !choices_.OneIn(4))
     return PerhapsFolded(apart, shape, rowBytes, unit);
   if (shape.rows < 1 || shape.columns < 1 || rows < 1 || bytes < 1) return apart;
-  // The same stride, as in a picture, one of its own, or the other way up.
+  // The same stride, as in a picture, or one of its own, perhaps upside down.
   int32_t stride = other.stride;
   if (choices_.OneIn(3)) stride = (rowBytes + choices_.Between(0, 8)) / unit * unit;
   if (choices_.OneIn(4)) stride = -stride;

@@ -1,5 +1,5 @@
-// One call of a routine with everything that belongs to it: planes of a chosen shape,
-// place and content, arguments, and what the call left behind.
+// One call of a routine with everything that belongs to it: planes of a chosen shape, place and
+// content, arguments, and what the call left.
 //
 // An exercise builds a scene from a sequence of choices and calls a routine in it. The
 // same choices build the same scene to the byte and the address, so two routines can
@@ -26,7 +26,7 @@ struct Shape {
   int32_t rows, columns;
 };
 
-// A plane as routines take it: where its first row starts, and bytes between rows.
+// A plane as routines take it: where its first row starts, and the bytes from a row to the next.
 struct PlaneView {
   uint8_t* first;
   int32_t stride;
@@ -35,33 +35,33 @@ struct PlaneView {
   float* Floats() const { return reinterpret_cast<float*>(first); }
 };
 
-// Runs a call; a benchmark's runs it more than once.
+// Runs a call; a benchmark's runner runs it more than once.
 using Runner = std::function<void(const std::function<void()>& call)>;
 
-// What planes are like where a call is measured.
+// What planes are like when a call is measured.
 struct Measured {
-  bool isMisaligned = false;  // each starts another odd number of units past a boundary
+  bool isMisaligned = false;  // each starts a different odd number of units past a boundary
   bool hasDiscs = false;      // masks are full discs with nothing around them, not noise
-  bool isSmooth = false;      // samples go up and down in small steps, as in pictures: no noise
+  bool isSmooth = false;      // samples go up and down in small steps, as in pictures, not noise
 };
 
 class Scene {
  public:
   Scene(Arena& arena, Choices choices) : arena_(arena), choices_(choices) {}
 
-  // For measuring: a shape and a runner of one's own, and noise in all planes or what they are to
-  // be like.
+  // For measuring: sets the shape and the runner. `how` says what planes are like; by default they
+  // hold noise.
   void Measure(Shape shape, Runner runner, Measured how = {});
-  // For a runner: from here on its call calls this routine, in the same planes.
+  // For a runner: makes its call run this routine from here on, in the same planes.
   void Substitute(Routine routine) { routine_ = routine; }
-  // The planes so far.
+  // Returns the planes so far.
   std::span<Outcome::Window> Planes() { return outcome_.windows; }
 
-  // A shape of one's own, and for the first plane, which exercises make the
-  // destination, a place `offset` units past an aligned address.
+  // Sets the shape, and puts the first plane, which exercises use as the destination, `offset`
+  // units past an aligned address.
   void Pin(Shape shape, int32_t offset);
 
-  // Notes what the planes hold before the call.
+  // Makes the call note what the planes hold before it.
   void KeepsInputs() { keepsInputs_ = true; }
 
   Choices& Choose() { return choices_; }
@@ -69,31 +69,32 @@ class Scene {
   bool HasDiscs() const { return measured_.hasDiscs; }
   bool IsPinned() const { return pinnedOffset_ >= 0; }
 
-  // Mostly a few rows of up to some hundred samples; now and then none, about 4096
-  // samples, or many rows.
+  // Returns a shape: mostly a few rows of up to a few hundred samples; now and then none, about
+  // 4096 samples, or many rows.
   Shape ChooseShape();
 
-  // A plane of a shape's rows, of rowBytes each: at any offset, or ending at or
-  // beginning at an inaccessible page, rows apart by any stride of either sign that is
-  // a multiple of `unit`. Where the shape is empty every byte of it is inaccessible.
+  // Makes a plane of a shape's rows, of rowBytes each. It starts at any offset, or begins or ends
+  // at an inaccessible page. Its stride is a multiple of `unit`, of either sign. If the shape is
+  // empty, every byte of the plane is inaccessible.
   PlaneView Plane(Shape shape, int32_t rowBytes, int32_t unit = 1);
   PlaneView Bytes(Shape shape) { return Plane(shape, shape.columns); }
-  // One with room about it, and a plane of the same shape that lies somewhere over it.
+  // RoomyBytes makes a plane, now and then with room around it. Over makes a plane of the same
+  // shape somewhere over such a plane, and returns any other plane itself.
   PlaneView RoomyBytes(Shape shape);
   PlaneView Over(Shape shape, PlaneView other);
-  // Mostly the plane; now and then one in the same bytes whose rows share some with one another.
+  // Returns mostly the plane; now and then one in the same bytes whose rows overlap one another.
   PlaneView PerhapsFolded(PlaneView plane, Shape shape, int32_t rowBytes, int32_t unit = 1);
-  // Mostly `apart`; now and then that folded, or a plane of this shape that lies in the memory of
-  // another's rows, of which `rows` of `bytes` each may be read.
+  // Returns mostly `apart`; now and then that plane folded, or one of this shape in the memory of
+  // `other`, of which `rows` rows of `bytes` bytes may be read.
   PlaneView PerhapsWithin(PlaneView apart, Shape shape, int32_t rowBytes, PlaneView other,
                           int32_t rows, int32_t bytes, int32_t unit = 1);
   PlaneView Words(Shape shape) { return Plane(shape, shape.columns * 2, 2); }
-  // A plane of another's geometry.
+  // Makes a plane with the stride of another.
   PlaneView Twin(Shape shape, int32_t rowBytes, int32_t unit, PlaneView other);
-  // A run of bytes: a plane of one row.
+  // Makes a run of bytes: a plane of one row.
   PlaneView Run(int32_t bytes, int32_t unit = 1) { return Plane({1, bytes}, bytes, unit); }
 
-  // A byte or a 16-bit value as a routine may receive it: with anything above it.
+  // Returns a byte or a 16-bit value as a routine may receive it: with anything above it.
   uint32_t Narrow(uint8_t value) { return value | Junk() << 8; }
   uint32_t Narrow(uint16_t value) { return value | Junk() << 16; }
   uint32_t AnyByte();
@@ -101,7 +102,7 @@ class Scene {
   template <class Signature, class... Arguments>
   void Call(Routine routine, Arguments... arguments);
 
-  // Any result to be compared besides the planes.
+  // Sets any result to be compared in addition to the planes.
   void SetResult(uint64_t result) { outcome_.result = result; }
   uint64_t Result() const { return outcome_.result; }
   void NoteOverlap() { outcome_.hasOverlap = true; }
@@ -111,7 +112,7 @@ class Scene {
   uint32_t Junk() { return choices_.Below(65536) * 65537u; }
   void FillContent(uint8_t* start, size_t bytes);
   PlaneView Place(Shape shape, int32_t rowBytes, int32_t unit, int32_t stride);
-  // As the routine takes them.
+  // Notes the arguments with the types of the routine's parameters.
   template <class Result, class... Parameters>
   void Note(Result (*)(Parameters...), std::type_identity_t<Parameters>... arguments) {
     outcome_.arguments = {ArgumentOf(arguments)...};
@@ -155,8 +156,8 @@ void Scene::Call(Routine routine, Arguments... arguments) {
 // An exercise belongs to an argument list, not to a routine.
 using Exercise = void(Routine routine, Scene& scene);
 
-// Runs the exercise with both routines in the same scene; their difference in words, empty where
-// there is none. `names` are those of the arguments, separated by ", ".
+// Runs the exercise with both routines in the same scene. Returns their difference in words; empty
+// if there is none. `names` are the names of the arguments, separated by ", ".
 std::string CompareRoutines(Exercise* exercise, Routine expected, Routine actual,
                             const Scene& scene, const std::string& names = {});
 

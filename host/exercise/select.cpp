@@ -4,7 +4,7 @@
 namespace vantrix::host {
 namespace {
 
-// Masks of each class, some with one entry of another kind.
+// Fills a mask of any class, often with one entry of another kind.
 template <class T>
 void PlantMask(Scene& scene, Shape shape, PlaneView view) {
   constexpr int kHalf = sizeof(T) == 1 ? 128 : 16384, kFull = sizeof(T) == 1 ? 255 : 32768;
@@ -59,9 +59,9 @@ void PropagateScene(Routine routine, Scene& scene) {
   constexpr int32_t kSize = sizeof(T);
   Shape shape = scene.ChooseShape();
   Choices& choose = scene.Choose();
-  // Often more rows than a register has lanes, for lines along them are walked so many at once.
+  // Often more rows than a register has lanes, as kernels walk that many lines along rows at once.
   if (!scene.IsMeasured() && shape.rows > 0 && choose.OneIn(2)) shape.rows = choose.Between(7, 40);
-  // Entries side by side, or as far apart as those of interleaved planes.
+  // Entries are side by side, or as far apart as those of interleaved planes.
   const int32_t apart = scene.IsMeasured() || choose.OneIn(2) ? 1 : choose.Between(2, 4);
   const int32_t columns = shape.columns * apart;
   PlaneView priority, value;
@@ -77,7 +77,7 @@ void PropagateScene(Routine routine, Scene& scene) {
     };
     priority = somewhere();
     value = somewhere();
-    // And the lines of one with one another.
+    // The lines of one plane may share entries, too.
     if (choose.OneIn(2))
       priority.stride = value.stride =
           (plane.stride < 0 ? -kSize : kSize) * choose.Between(0, shape.columns);
@@ -85,15 +85,15 @@ void PropagateScene(Routine routine, Scene& scene) {
     priority = scene.Plane(shape, columns * kSize, kSize);
     value = scene.Twin(shape, columns * kSize, kSize, priority);
   }
-  // Low priorities, which run out, as often as any.
+  // Often low priorities, which run out.
   const uint32_t low = scene.IsMeasured() ? 3 : choose.Below(3);
   for (int32_t y = 0; y < shape.rows && low > 0; ++y)
     for (int32_t x = 0; x < columns; ++x) {
       T& p = reinterpret_cast<T*>(priority.first + intptr_t{y} * priority.stride)[x];
       p = static_cast<T>(low == 1 ? p % 4 : low == 2 ? (p % 7 == 0 ? p % 11 : 0) : p % 16);
     }
-  // Along columns or along rows, forwards or backwards. Entries of 8 bits count their steps,
-  // entries of 16 bits count bytes; an odd number of bytes loses its lowest bit.
+  // Along columns or along rows, forwards or backwards. Steps of the 8-bit routine count entries;
+  // those of the 16-bit routine count bytes, and an odd number loses its lowest bit.
   const int32_t rowStep = priority.stride, columnStep = kSize * apart;
   const bool isDown = scene.IsMeasured() || choose.OneIn(2),
              isBack = !scene.IsMeasured() && choose.OneIn(2);

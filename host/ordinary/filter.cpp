@@ -28,7 +28,7 @@ int64_t Deviation(const uint8_t* source, uint8_t* destination, int32_t rows, int
   return answer;
 }
 
-// A radius above 0 is a constant, so that the loop over the taps is unrolled.
+// A kRadius above 0 is a constant radius, so that the loop over the taps is unrolled.
 template <int32_t kRadius>
 void ConvolveRow(const uint8_t* source, uint8_t* destination, int32_t columns, intptr_t stride,
                  const ConvolutionKernel* kernel) {

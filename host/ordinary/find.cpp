@@ -37,7 +37,7 @@ Routine Find(SuiteIndex suite, uint16_t slot) {
 
 }  // namespace
 
-// Each build of these sources gives it a name of its own.
+// Each compilation of these sources gives this function a name of its own.
 extern "C" [[gnu::visibility("default")]] Routine VANTRIX_FIND(SuiteIndex suite, uint16_t slot) {
   return Find(suite, slot);
 }

@@ -1,5 +1,5 @@
-// Routines as one would write them without a thought of registers, for the compiler to
-// make vectors of: what the kernels are measured against.
+// Routines written without regard to registers, for the compiler to vectorise. The kernels are
+// measured against them.
 #pragma once
 
 #include <span>
@@ -8,13 +8,13 @@
 
 namespace vantrix::host {
 
-// The ordinary routine for a slot: the host's own, or one that does the same with less
-// ceremony where the host's, written for the eye alone, would make a poor opponent.
-// Compiled by what compiles this program, with -O3. Null where the host has no routine.
+// Returns the ordinary routine for a slot: the host's own, or a more direct one that does the same
+// if the host's, written only to be read, would be a poor opponent. It is compiled by the compiler
+// of this program, with -O3. Null if the host has no routine.
 using FindRoutine = Routine(SuiteIndex suite, uint16_t slot);
 extern "C" FindRoutine FindVectorised;
 
-// Those in the place of the host's, in one list a suite.
+// The routines that replace the host's, in one list per suite.
 struct Ordinary {
   uint16_t slot;
   Routine routine;

@@ -21,7 +21,7 @@ int32_t Start(uint16_t) { return 8192; }
 int32_t Start(uint8_t) { return 8192; }
 float Start(float) { return 0; }
 
-// [255 + v] of row w = w v / 255, rounded to nearest.
+// Entry [w][255 + v] is w v / 255, rounded to nearest.
 const auto kPart = [] {
   std::array<std::array<int16_t, 511>, 256> table;
   for (int w = 0; w < 256; ++w)
@@ -124,7 +124,7 @@ void AverageArea(const uint8_t* source, uint8_t* destination, int32_t outputRows
 void Stepped(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t width,
              const int32_t* rowLengths, int32_t sourceStride, int32_t destinationStride) {
   for (int32_t y = 0; y < rows; ++y) {
-    int64_t step = 0, position = -(int64_t{3} << 32);  // of no length: what stands before the row
+    int64_t step = 0, position = -(int64_t{3} << 32);  // of length 0: what is before the row
     if (rowLengths[y] != 0) {
       step = static_cast<int64_t>(width * 4294967296.0 / rowLengths[y]);
       position = (int64_t{width} << 31) - ((width - 1) * step >> 1);

@@ -6,7 +6,7 @@
 namespace vantrix::host {
 namespace {
 
-// The rows do not overlap: compilers that have to find that out look at whole planes, which do.
+// The rows do not overlap. Compilers that have to find that out look at whole planes, which do.
 void SpreadToRow(uint8_t* __restrict row, uint8_t* __restrict above,
                  const uint8_t* __restrict below, int32_t width) {
   for (int32_t x = 0; x < width; ++x) {
@@ -23,7 +23,7 @@ void SpreadMark(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
     SpreadToRow(data, above.data(), y + 1 < rows ? data + rowBytes : nothing.data(), width);
 }
 
-// Line by line, or where lines lie side by side all of them a step at a time.
+// Walks one line at a time or, if lines are side by side, all of them one step at a time.
 template <class T>
 void Propagate(T* priority, T* value, int32_t lineCount, int32_t lineLength, intptr_t lineStep,
                intptr_t entryStep, T holds) {
@@ -49,7 +49,7 @@ void Propagate8(uint8_t* priority, uint8_t* value, int32_t lineCount, int32_t li
   Propagate<uint8_t>(priority, value, lineCount, lineLength, lineStep, entryStep, 0);
 }
 
-// Whole groups of eight lines side by side are held by another value than the rest.
+// Whole groups of eight lines side by side are held back by a different value from the rest.
 void Propagate16(uint16_t* priority, uint16_t* value, int32_t lineCount, int32_t lineLength,
                  int32_t lineStep, int32_t entryStep) {
   const int32_t lines = lineStep >> 1, entries = entryStep >> 1;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int Screened(int a, int b) { return a + b - Product(a, b); }
 
-// 255 a / b, halves up, where b > a; 255 elsewhere.
+// Returns 255 a / b, halves up, if b > a, else 255.
 constexpr int Quotient(int a, int b) { return b > a ? (255 * a + b / 2) / b : 255; }
 
 // The modes at full strength, from the destination's and the source's sample.
@@ -27,17 +27,17 @@ constexpr int Lighten(int d, int s) { return s > d ? s : d; }
 constexpr int Darken(int d, int s) { return s < d ? s : d; }
 using Mode = int(int d, int s);
 
-// Part of the way from d to r.
+// Returns a value part of the way from d to r.
 constexpr int Part(int d, int r, int weight) { return d + Rounded(weight * (r - d), 255); }
 
-// A row as it was before it is written.
+// A copy of a row from before it is written.
 using RowCopy = std::array<uint8_t, 4096>;
 const uint8_t* CopyOf(RowCopy& copy, const uint8_t* row, int32_t columns) {
   std::memcpy(copy.data(), row, static_cast<size_t>(columns));
   return copy.data();
 }
 
-// kCopies: rows of up to 4096 samples are copied first.
+// If kCopies, rows of up to 4096 samples are copied first.
 template <Mode& kMode, bool kCopies>
 void Plain(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
            int32_t sourceStride, int32_t destinationStride) {

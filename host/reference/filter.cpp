@@ -82,7 +82,7 @@ uint32_t BlockSignedSAD(const uint8_t* a, const uint8_t* b, const uint8_t* direc
   return sum;
 }
 
-// Steps while a whole span of inputs is left.
+// Takes steps while a whole span of inputs is left.
 template <uint32_t kSpan>
 void FloatBlock(const float* input, uint32_t count, const float* matrix, uintptr_t, uintptr_t,
                 float* output) {

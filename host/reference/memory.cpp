@@ -8,7 +8,7 @@
 namespace vantrix::host {
 namespace {
 
-// Forwards or backwards, so that no byte is written before it was read.
+// Copies forwards or backwards, so that no byte is written before it is read.
 void CopyBytes(const uint8_t* source, uint8_t* destination, int32_t bytes) {
   const bool isBehind =
       reinterpret_cast<uintptr_t>(destination) > reinterpret_cast<uintptr_t>(source);
@@ -36,7 +36,7 @@ void FillRect(uint8_t* destination, int32_t rows, int32_t width, int32_t stride,
   });
 }
 
-// Byte by byte, since the values need not lie at even addresses.
+// Writes one byte at a time, since the values need not lie at even addresses.
 void FillWords(uint16_t* destination, int32_t count, uint32_t value) {
   const auto bytes = reinterpret_cast<uint8_t*>(destination);
   for (int32_t i = 0; i < count; ++i) {

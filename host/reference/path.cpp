@@ -7,7 +7,7 @@
 namespace vantrix::host {
 namespace {
 
-// Everything that happens at one position of a row, walking from left to right.
+// Everything that happens at one position of a row, from left to right.
 struct Events {
   int64_t winding = 0;    // how the new path's winding number changes
   int64_t crossings = 0;  // how often the new path crosses the row
@@ -29,8 +29,8 @@ bool IsCovered(uint32_t operation, bool isNew, bool isOld) {
   }
 }
 
-// Asks behind every position at which something happens whether the row is covered
-// there, and notes where the answer changes.
+// Checks after every position where something happens whether the row is covered, and notes where
+// that changes.
 void FoldRow(uint32_t* row, uint32_t rowStride, uint32_t operation, bool byWinding) {
   std::map<uint32_t, Events> events;
   for (uint32_t i = 0; i < row[kEntryCount]; ++i) ++events[row[kFirstEntry + i]].edges;

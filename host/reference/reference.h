@@ -1,8 +1,8 @@
-// The host's own routines: its defaults, and what every kernel is held to.
+// The references: the host's own routines. They are its defaults, and every kernel must do the
+// same.
 //
-// Each is written from the sentence that defines it, one sample at a time, with
-// plain division where the sentence divides. Nothing here looks at how the plug-in
-// does its work.
+// Each is written from the sentence that defines it, one sample at a time, with plain division
+// where the sentence divides. Nothing here depends on how the plug-in works.
 #pragma once
 
 #include <cstdint>

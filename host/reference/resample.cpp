@@ -8,10 +8,10 @@
 namespace vantrix::host {
 namespace {
 
-// Quotient rounded down.
+// Returns the quotient rounded down.
 int64_t Floor(int64_t n, int64_t d) { return n >= 0 ? n / d : -((-n + d - 1) / d); }
 
-// The average of n samples with this sum, by the truncated reciprocal.
+// Returns the average of n samples with this sum, by the truncated reciprocal.
 uint8_t BoxAverage(uint32_t sum, int64_t n) {
   const int64_t reciprocal = 16777216 / n, half = Floor(n, 2);
   const auto product =
@@ -48,7 +48,7 @@ void AverageArea(const uint8_t* source, uint8_t* destination, int32_t outputRows
   });
 }
 
-// One filtered sample: tap(k) and weight(k) for k below taps.
+// Returns one filtered sample from tap(k) and weight(k) for k below taps.
 template <class Sample, class Tap, class Weight>
 Sample Filtered(int32_t taps, Tap tap, Weight weight) {
   if constexpr (std::is_same_v<Sample, float>) {
@@ -97,7 +97,7 @@ void Horizontal(const Sample* source, Sample* destination, uint32_t rows, int32_
   }
 }
 
-// Strides in samples.
+// Strides count samples.
 template <class Sample>
 void Vertical(const Sample* source, Sample* destination, int32_t rows, int32_t width,
               const int32_t* offsets, const uint8_t* phases, int64_t sourceStride,
@@ -149,7 +149,7 @@ void StretchRows(const uint8_t* source, uint8_t* destination, int32_t rows, int3
   });
 }
 
-// A coordinate by the mode: an index, and in 255ths how much of the next.
+// A coordinate in a mode: an index, and how much of the next sample, in 255ths.
 struct Coordinate {
   int64_t index, fraction;
 

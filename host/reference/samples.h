@@ -1,4 +1,4 @@
-// Arithmetic on 8-bit samples as the sentences put it, and the walk over a plane.
+// Arithmetic on 8-bit samples as the defining sentences state it, and the walk over a plane.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace vantrix::host {
 
-// n / d rounded to nearest, halves away from zero; d is positive.
+// Returns n / d rounded to nearest, halves away from zero; d is positive.
 constexpr int Rounded(int n, int d) { return (2 * n + (n < 0 ? -d : d)) / (2 * d); }
 
 constexpr int Product(int a, int b) { return Rounded(a * b, 255); }

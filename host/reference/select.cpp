@@ -9,8 +9,8 @@
 namespace vantrix::host {
 namespace {
 
-// Where rows share entries: each takes the marks of the row below it, then, from the last row on,
-// of the row above it.
+// For rows that share entries: each row takes the marks of the row below it; then, from the last
+// row up, each takes those of the row above it.
 void SpreadMarkInPasses(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   for (int32_t y = 0; y + 1 < rows; ++y)
     for (int32_t x = 0; x < width; ++x)
@@ -37,7 +37,7 @@ void SpreadMark(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   });
 }
 
-// The class of the set of entries, of any width.
+// Returns the class of the set of entries, of any width.
 int32_t Classify8(const uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   bool allZero = true, allBelow = true, allAbove = true, allFull = true;
   ForEachSample(rows, width, [&](int32_t y, int32_t x) {
@@ -53,7 +53,7 @@ int32_t Classify8(const uint8_t* data, int32_t rows, int32_t width, int32_t rowB
   return allAbove ? MaskClass::kFromHalf : MaskClass::kMixed;
 }
 
-// Narrow masks by their set of entries; others by what falls together in eight lanes.
+// Classifies narrow masks by their set of entries, and others by what is combined in eight lanes.
 int32_t Classify16(const uint16_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   const int32_t step = rowBytes & ~1;
   if (width < 8) {
@@ -105,7 +105,7 @@ int32_t Classify16(const uint16_t* data, int32_t rows, int32_t width, int32_t ro
   return anyBelow == 8 && allBelow == 8 ? MaskClass::kBelowHalf : MaskClass::kMixed;
 }
 
-// One line, an entry at a time. holds: the carried priority that holds an entry back.
+// Walks one line, one entry at a time. `holds` is the carried priority that holds an entry back.
 template <class T>
 void WalkLine(T* priority, T* value, int32_t length, intptr_t step, T holds) {
   for (int32_t j = 1; j < length; ++j) {
