@@ -8,13 +8,16 @@
 #include <xmmintrin.h>
 
 #include <cstring>
+#include <ctime>
 #include <functional>
 #include <optional>
 #include <vector>
 
 #include "plugin/core.h"
 #include "suites/blend/signatures.h"
+#include "suites/convert/signatures.h"
 #include "suites/filter/signatures.h"
+#include "suites/memory/signatures.h"
 #include "suites/resample/signatures.h"
 #include "suites/select/signatures.h"
 #include "tests/builds.h"
@@ -98,6 +101,41 @@ TEST(DivisionTest, WorksWithTruncationInEveryEntryMode) {
 }
 
 // Numbers of rows from 2^31 on are rows: kernels walk on past the end of the open page.
+// Calls routines with as many rows as there can be. To walk them all would take seconds.
+template <class Signature, class... Arguments>
+void ExpectToReturnAtOnce(SuiteIndex suite, std::initializer_list<uint16_t> slots,
+                          Arguments... arguments) {
+  for (const TestedBuild& b : BuildsHere(suite, slots)) {
+    const std::clock_t before = std::clock();
+    Call<Signature>(b.routine)(arguments...);
+    EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC) << NameOf(b);
+  }
+}
+
+TEST(RowsTest, AreNotWalkedWithoutColumns) {
+  constexpr int32_t kMost = INT32_MAX;
+  uint8_t s[64] = {}, d[64] = {}, m[64] = {};
+  uint16_t w[64] = {};
+  ExpectToReturnAtOnce<PlaneBlend>(kBlend, {24, 27, 28, 29, 49, 52}, s, d, kMost, 0, 0, 0);
+  ExpectToReturnAtOnce<OpacityBlend>(kBlend, {56, 57, 58, 59}, s, d, kMost, 0, 0, 0, 9u);
+  ExpectToReturnAtOnce<MaskedBlend>(kBlend, {2, 7, 10, 22, 30, 47, 50}, s, d, m, kMost, 0, 0, 0, 0);
+  ExpectToReturnAtOnce<ColorMaskedBlend>(kBlend, {3, 8, 11, 26, 31, 48, 51}, 9u, d, m, kMost, 0, 0,
+                                         0);
+  ExpectToReturnAtOnce<PlanesBlend>(kBlend, {66, 74, 75}, s, d, m, kMost, 0, 0, 0, 0);
+  ExpectToReturnAtOnce<InvertBlend>(kBlend, {97}, s, m, d, kMost, 0, 0, 0, 0, 0u, 0u, 0u);
+  ExpectToReturnAtOnce<ShareBlend>(kBlend, {96}, s, d, kMost, 0, 0, 0);
+  ExpectToReturnAtOnce<MaskFirstBlend>(kBlend, {106}, m, d, kMost, 0, 0, 0, 9u);
+  ExpectToReturnAtOnce<RescaleWordsRoutine>(kConvert, {19}, w, 0xFFFFu, 0x8000u, kMost, 0, 0);
+  ExpectToReturnAtOnce<Expand8To16Routine>(kConvert, {18}, s, w, kMost, 0, 0, 0);
+  ExpectToReturnAtOnce<CopyRectRoutine>(kMemory, {1}, s, d, kMost, 0, 0, 0);
+  ExpectToReturnAtOnce<FillRectRoutine>(kMemory, {4}, d, kMost, 0, 0, 9u);
+  ExpectToReturnAtOnce<FillWordRectRoutine>(kMemory, {66}, w, kMost, 0, 0, 9u);
+  ExpectToReturnAtOnce<RectAllEqualRoutine>(kMemory, {18}, d, kMost, 0, 0, 9u);
+  ExpectToReturnAtOnce<SpreadMarkRoutine>(kSelect, {26}, d, kMost, 0, 0);
+  ExpectToReturnAtOnce<BoxAverageRows>(kResample, {3}, s, d, kMost, 0, nullptr, 0, 0);
+  ExpectToReturnAtOnce<BoxAverageArea>(kResample, {24}, s, d, kMost, 0, 3, 3, 0, 0);
+}
+
 TEST(RowsTest, AreUnsignedInConvolutionAndHorizontalFilters) {
   constexpr uint32_t kRows = 0x80000000;
   const Space space(3 * kPage);

@@ -7,7 +7,7 @@
 
 #include "common/tables.h"
 #include "host/exercise/exercises.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/blend/signatures.h"
 #include "tests/builds.h"
 

@@ -9,7 +9,7 @@
 
 #include "host/catalog.h"
 #include "plugin/base/instruction_sets.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "plugin/base/system.h"
 #include "suites/served.h"
 #include "tests/text64.h"

@@ -18,7 +18,7 @@
 #include "host/services.h"
 #include "host/tables.h"
 #include "plugin/base/instruction_sets.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/filter/signatures.h"
 #include "tests/faulting.h"
 

@@ -78,6 +78,29 @@ TEST(DeviationTest, PollsFirst) {
   }
 }
 
+// Of planes in one buffer, every column and row of one meets those of the other.
+TEST(DeviationTest, TakesPlanesThatShareAnyColumn) {
+  static Routine live[17] = {AsRoutine(Poll)};
+  coreSuite.live = live;
+  const auto reference =
+      Call<DeviationRoutine>(FindReference(host::Catalog()[kFilter], 12)->routine);
+  constexpr int kStride = 160, kRows = 4, kColumns = 40, kFirst = 5 * kStride + 60;
+  std::vector<uint8_t> noise(12 * kStride);
+  for (uint32_t i = 0; i < noise.size(); ++i)
+    noise[i] = static_cast<uint8_t>((i * 2654435761u) >> 24);
+  for (DeviationRoutine* deviate : BuildsOf<DeviationRoutine>(kFilter, 12))
+    for (int row = -2; row <= 2; ++row)
+      for (int column = -kColumns - 2; column <= kColumns + 2; ++column) {
+        auto expected = noise, planes = noise;
+        const int at = kFirst + row * kStride + column;
+        reference(&expected[kFirst], &expected[static_cast<size_t>(at)], kRows, kColumns, kStride,
+                  kStride);
+        deviate(&planes[kFirst], &planes[static_cast<size_t>(at)], kRows, kColumns, kStride,
+                kStride);
+        EXPECT_EQ(planes, expected) << row << ' ' << column;
+      }
+}
+
 std::vector<uint8_t> KernelOf(int32_t radius, const std::vector<uint32_t>& weights) {
   std::vector<uint8_t> kernel(84 + 4 * weights.size());
   std::memcpy(&kernel[80], &radius, 4);
@@ -154,6 +177,23 @@ TEST(FloatBlockTest, AddsTermsFromTheFirstOn) {
     filter(zeros.data(), 8, matrix.data(), 0, 0, output.data());
     EXPECT_TRUE(std::signbit(output[0]));
   }
+}
+
+// The outputs run into the matrix, of which later steps take what was written.
+TEST(FloatBlockTest, TakesAMatrixAmongItsOutputs) {
+  const auto reference =
+      Call<FloatBlockRoutine>(FindReference(host::Catalog()[kFilter], 191)->routine);
+  constexpr int kSteps = 20, kCount = 4 * kSteps + 4;
+  std::vector<float> input(kCount), noise(4 * kSteps + 32);
+  for (size_t i = 0; i < input.size(); ++i) input[i] = 1.0f / static_cast<float>(i + 1);
+  for (size_t i = 0; i < noise.size(); ++i) noise[i] = static_cast<float>(i % 7) - 3;
+  for (FloatBlockRoutine* filter : BuildsOf<FloatBlockRoutine>(kFilter, 191))
+    for (size_t at = 0; at <= 4 * kSteps; ++at) {
+      auto expected = noise, floats = noise;
+      reference(input.data(), kCount, &expected[at], 0, 0, expected.data());
+      filter(input.data(), kCount, &floats[at], 0, 0, floats.data());
+      EXPECT_EQ(floats, expected) << at;
+    }
 }
 
 struct FloatCall {

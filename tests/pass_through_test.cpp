@@ -9,6 +9,7 @@
 
 #include "host/catalog.h"
 #include "plugin/base/builds.h"
+#include "plugin/base/processor_info.h"
 #include "plugin/base/suites.h"
 #include "plugin/startup.h"
 #include "tests/fake_host.h"

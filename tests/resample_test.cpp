@@ -33,7 +33,7 @@ TEST(AverageTest, IsTheSameInLanesForEverySum) {
       const uint32_t expected = (sum + count / 2) * reciprocal >> 24;
       wrong += expected > 255 || expected < previous || average.Of(sum) != expected;
       wrong += average.Of(Fill<Lanes<uint32_t, 4>>(sum))[3] != expected;
-      if (count <= Average::kWordCount)
+      if (count <= Average::kCountIn16Bits)
         wrong += average.Of(Fill<Lanes<uint16_t, 8>>(static_cast<uint16_t>(sum)))[5] != expected;
       if (count == 4)
         wrong +=
@@ -279,6 +279,21 @@ TEST(PositionsTest, TakeInWhatIsInside) {
       EXPECT_EQ(result, static_cast<uint16_t>(mode) ? linear : nearest) << mode;
     }
   }
+}
+
+// Half a sample past each sample; for the linear mode each sample exactly, with nothing in the low
+// bits.
+TEST(PositionsTest, MayAllHaveTheSameFraction) {
+  Samples source(40);
+  for (size_t i = 0; i < source.size(); ++i) source[i] = static_cast<uint8_t>(5 * i + 1);
+  for (auto* const sample : BuildsOf<SampleAtPositions1D>(kResample, 18))
+    for (const int32_t mode : {0, 1}) {
+      std::vector<int32_t> positions;
+      for (int32_t i = 0; i < 39; ++i) positions.push_back(65536 * i + (mode == 0 ? 32768 : -128));
+      Samples result(39);
+      sample(source.data(), result.data(), 39, 40, positions.data(), mode);
+      EXPECT_EQ(result, Samples(source.begin() + (mode == 0), source.end() - (mode != 0))) << mode;
+    }
 }
 
 TEST(KnownValuesTest, AreAsWorkedOutByHand) {

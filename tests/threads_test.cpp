@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "host/catalog.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/blend/signatures.h"
 #include "suites/convert/signatures.h"
 #include "suites/filter/signatures.h"

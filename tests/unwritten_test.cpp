@@ -128,6 +128,23 @@ TEST(ExtremesTest, StoreNoBlockThatStaysAsItIs) {
   }
 }
 
+// A row starts before the boundary, with samples that change. The blocks after it stay as they are.
+TEST(ExtremesTest, CountBlocksFromTheBoundary) {
+  const HalfReadOnly pages(HalfReadOnly::kSecond, 100);
+  for (const TestedBuild& b : BuildsHere(kBlend, {28, 29}))
+    for (int head = 1; head < 16; ++head)
+      for (int steps = 1; steps <= 4; ++steps) {
+        const uint8_t same = b.slot == 28 ? 0 : 255, changing = b.slot == 28 ? 255 : 0;
+        const int columns = head + 32 * steps;
+        Samples source(static_cast<size_t>(columns), same);
+        std::fill_n(source.begin(), head, changing);
+        uint8_t* const d = pages.Boundary() - head;
+        std::fill(d, pages.Boundary(), uint8_t{100});
+        Call<PlaneBlend>(b.routine)(source.data(), d, 1, columns, columns, columns);
+        EXPECT_EQ(Samples(d, pages.Boundary()), Samples(static_cast<size_t>(head), changing));
+      }
+}
+
 // In a row that fills no block, only entries that change are written.
 TEST(SpreadMarkTest, WritesInShortRowsOnlyWhatChanges) {
   const HalfReadOnly pages(HalfReadOnly::kSecond, 3);

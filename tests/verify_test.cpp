@@ -8,7 +8,7 @@
 #include <string>
 
 #include "host/exercise/fault.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/blend/signatures.h"
 #include "tests/faulting.h"
 

@@ -3,7 +3,7 @@
 
 #include "host/demo/demo.h"
 #include "host/demo/sheet.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/blend/signatures.h"
 
 namespace vantrix::host {

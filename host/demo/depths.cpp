@@ -1,6 +1,6 @@
 #include "host/demo/demo.h"
 #include "host/demo/sheet.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/convert/signatures.h"
 
 namespace vantrix::host {

@@ -6,7 +6,7 @@
 #include "host/demo/demo.h"
 #include "host/demo/planes.h"
 #include "host/demo/sheet.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/filter/signatures.h"
 
 namespace vantrix::host {

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "host/demo/demo.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/memory/signatures.h"
 
 namespace vantrix::host {

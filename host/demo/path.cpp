@@ -5,7 +5,7 @@
 #include "host/demo/demo.h"
 #include "host/demo/sheet.h"
 #include "host/fill_array.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 
 namespace vantrix::host {
 namespace {

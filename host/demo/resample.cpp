@@ -5,7 +5,7 @@
 #include "host/demo/planes.h"
 #include "host/demo/sheet.h"
 #include "host/demo/weight_table.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix::host {

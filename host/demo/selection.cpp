@@ -4,7 +4,7 @@
 
 #include "host/demo/demo.h"
 #include "host/demo/sheet.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/select/signatures.h"
 
 namespace vantrix::host {

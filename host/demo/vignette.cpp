@@ -1,7 +1,7 @@
 #include <cmath>
 
 #include "host/demo/demo.h"
-#include "plugin/base/suites.h"
+#include "plugin/base/interface.h"
 #include "suites/blend/signatures.h"
 
 namespace vantrix::host {
