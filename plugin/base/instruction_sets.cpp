@@ -15,14 +15,14 @@ struct Needs {
 
 constexpr uint32_t kReadsEnabledState = 1u << 27;
 
-// SSSE3, SSE4.1, SSE4.2, POPCNT, enabled state, AVX; XMM and YMM; AVX2. The compiler takes
-// the older sets for granted where it is told of AVX2.
+// SSSE3, SSE4.1, SSE4.2, POPCNT, enabled state, AVX; XMM and YMM; AVX2. A compiler that may use
+// AVX2 may use the older sets too.
 constexpr Needs kAvx2{0x18980200, 0x06, 1u << 5, 0};
 
-// Besides, FMA and F16C; masks and ZMM; F, DQ, IFMA, CD, BW, VL; VBMI,
+// The same and FMA, F16C; masks and ZMM; F, DQ, IFMA, CD, BW, VL; VBMI,
 // VBMI2, GFNI, VAES, VPCLMULQDQ, VNNI, BITALG, VPOPCNTDQ. The kernels use
-// a part of these. The others are those of the first generation that does
-// not lower its clock under 64-byte code, and tell it from the one before.
+// some of these. The first generation of processors that does not lower its
+// clock under 64-byte code has them all; the generation before it does not.
 constexpr Needs kAvx512{kAvx2.leaf1Ecx | 1u << 12 | 1u << 29, 0xE6, kAvx2.leaf7Ebx | 0xD0230000,
                         0x5F42};
 

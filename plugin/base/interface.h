@@ -49,9 +49,8 @@ inline const SuiteRecord* RecordsOf(const SuiteParameterBlock* block) {
   return reinterpret_cast<const SuiteRecord*>(block + 1);
 }
 
-// What the plug-in asks of each suite, in the order of acquisition. The saved
-// entries are copied whatever count the host reports: a table of the version
-// asked for has at least that many.
+// What the plug-in needs of each suite, in the order of acquisition. savedEntries entries are
+// copied whatever count the host reports: a table of this version has at least that many.
 struct SuiteFormat {
   uint32_t code;
   int16_t version;
@@ -84,8 +83,8 @@ inline constexpr SuiteFormat kSuiteFormats[kSuiteCount] = {
     {Code("path"), 16, 47, 53},   //
 };
 
-// Core services, by their slot in the core suite. A boolean answer stands in the
-// low byte; the other bits may hold anything.
+// Core services, by their slot in the core suite. A boolean result is in the low byte; the other
+// bits may hold anything.
 enum CoreSlot { kHostPoll = 0, kNoiseBuffer = 3, kHostCapabilityQuery = 5, kHostAssert = 16 };
 
 using HostPoll = int64_t();

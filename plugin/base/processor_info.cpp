@@ -19,7 +19,7 @@ struct Counts {
   uint32_t cores, logical;
 };
 
-// The system's count stands for both where it does not tell cores apart.
+// If the system does not report cores, its count of processors is taken for both.
 Counts CountProcessors(const System& system) {
   const auto countAll = [&] {
     const uint32_t count = system.processorCount();

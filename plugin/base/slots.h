@@ -11,8 +11,8 @@ namespace vantrix {
 
 enum class Gate : uint8_t { kAlways, kSSE, kSSE2, kSSE2OrSSSE3, kSSE41 };
 
-// One line of a suite's slot table. A line without a rule stands for a routine
-// whose contract is the host's own: it is passed through.
+// One line of a suite's slot table. A line without a rule is a slot whose contract belongs to the
+// host alone: it is passed through.
 struct Slot {
   uint16_t index;
   Gate gate;

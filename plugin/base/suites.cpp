@@ -65,7 +65,7 @@ int16_t AcquireSuites(const SuiteParameterBlock* block, bool (*isOwn)(Routine)) 
     const SuiteRecord* record = FindSuite(block, format.code, format.version);
     if (!record || !HasAtLeast(*record, format.minimumCount)) return kSuiteMissing;
     const Holder& holder = kHolders[i];
-    // Before the first start-up nothing of ours stands anywhere, and need not be looked for.
+    // Before the first start-up no table has our routines.
     const bool isFirst = *holder.live == nullptr;
     for (uint32_t slot = 0; slot < format.savedEntries; ++slot)
       if (isFirst || !isOwn(record->routines[slot])) holder.saved[slot] = record->routines[slot];

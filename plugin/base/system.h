@@ -27,8 +27,8 @@ using RegistryKey = void*;
 struct System {
   CpuidWords (*cpuid)(uint32_t leaf, uint32_t subLeaf);
 
-  // Which registers the system saves, a bit a kind (XCR0). Only where bit 27 of leaf 1 ECX
-  // is set: elsewhere the instruction faults.
+  // Which registers the system saves, one bit for each kind (XCR0). To be called only if bit 27 of
+  // leaf 1 ECX is set: otherwise the instruction faults.
   uint64_t (*enabledState)();
 
   // Whether an SSE instruction executes without a fault.
@@ -41,13 +41,13 @@ struct System {
   void* (*allocate)(size_t bytes);
   void (*release)(void* memory);
 
-  // Under the local-machine root, with query access; null where there is none.
+  // Opens a key under the local-machine root with query access; null if there is none.
   RegistryKey (*openRegistryKey)(const char* path);
   bool (*queryRegistryWord)(RegistryKey key, const char* name, uint32_t* value);
   void (*closeRegistryKey)(RegistryKey key);
 };
 
-// The enabled state as the processor itself tells it, on any system.
+// Reads the enabled state from the processor, on any system.
 uint64_t ReadEnabledState();
 
 // The machine that the plug-in runs on.
