@@ -15,9 +15,9 @@ struct Options {
   std::vector<std::filesystem::path> folders;  // for the report; the first that works is used
 };
 
-// Compares every served slot and writes the report. Slots about which something was decided here
-// come last. Returns the message for the host. The processor's features must be known, and the
-// shared tables built.
+// Compares every served slot and writes the report. Slots about which
+// something was decided here come last. Returns the message for the host.
+// The processor's features must be known, and the shared tables built.
 std::string Check(const HostTables& tables, const Options& options);
 
 }  // namespace vantrix::check

@@ -29,8 +29,8 @@ using Facts = std::vector<std::pair<std::string, std::string>>;
 // The text and the page grow as the check goes on, and are on the disk before a slot is tried.
 class Report {
  public:
-  // Opens a report in the first folder where both files can be written; none if there is no such
-  // folder.
+  // Opens a report in the first folder where both files can
+  // be written; none if there is no such folder.
   static std::optional<Report> In(std::span<const std::filesystem::path> folders);
 
   void Begin(const Facts& facts);

@@ -35,8 +35,8 @@ uint64_t DoNothing() { return 0; }
 
 }  // namespace
 
-// What a thread works on and its watcher looks at. Both own it, and it stays if the thread does not
-// end.
+// What a thread works on and its watcher looks at. Both own
+// it, and it stays if the thread does not end.
 struct Trials::Trial {
   Trial(const Candidate& slot, int count, std::shared_ptr<host::Arena> memory)
       : candidate(slot), scenes(count), arena(std::move(memory)) {}
@@ -57,8 +57,8 @@ struct Trials::Trial {
   void Run();
 
  private:
-  // Counts the scenes of one kind and those in which results differ, and describes the first of
-  // these.
+  // Counts the scenes of one kind and those in which
+  // results differ, and describes the first of these.
   struct Tally {
     int scenes = 0, different = 0;
     std::string first;

@@ -13,8 +13,8 @@ namespace vantrix::check {
 // return affects only its slot.
 class Trials {
  public:
-  // `limit` is the longest time that a call may take. A longer call is noticed within twice that
-  // time.
+  // `limit` is the longest time that a call may take. A
+  // longer call is noticed within twice that time.
   Trials(int scenes, std::chrono::milliseconds limit) : scenes_(scenes), limit_(limit) {}
 
   // Runs the scenes with the host's routine and with each form.

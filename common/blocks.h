@@ -149,7 +149,7 @@ VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
 // and so on. Does nothing and returns false if the row has fewer than kFewest samples.
 template <class T, int kFewest, int kBytes = 8, class Use>
 VX_INLINE bool WithEnds(intptr_t count, Use use) {
-  static_assert(kFewest >= 2, "two ends of one sample are two samples");
+  static_assert(kFewest >= 2, "two ends need at least two samples");
   if constexpr (kBytes >= 2 * int{sizeof(T)}) {
     if (count >= kFewest && count * intptr_t{sizeof(T)} >= kBytes) {
       use(OnePlace<Ends<Lanes<T, 16 / int{sizeof(T)}>, kBytes>>{{count}});

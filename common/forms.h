@@ -54,7 +54,7 @@ struct FormList {
   }
 };
 
-// Narrowest first: the last one that runs is written into a slot.
+// Narrowest first: of the builds of a slot whose forms run, the last one is written into it.
 using Forms = FormList<Scalar, Sse2, Ssse3, Avx2, Avx512>;
 
 }  // namespace vantrix

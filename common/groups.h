@@ -20,7 +20,8 @@ VX_LANE void StoreChangedGroups(T* to, V before, V after) {
     else
       Store(to + kLaneCount<V> / 2, Half<1>(after));
   } else if constexpr (sizeof(V) == 64 && kWidestRegister == 64) {
-    // A bit a 32-bit lane, four to a group; a group that has one has them all.
+    // One bit for each 32-bit lane. After the shifts bit 0
+    // of each four says whether a group changed.
     uint32_t changed = _mm512_cmpneq_epi32_mask(Bits(before), Bits(after));
     if (changed == 0) return;
     changed |= changed >> 1;

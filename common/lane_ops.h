@@ -5,7 +5,7 @@
 //   WidenLow, -High          8-bit lanes to 16-bit ones, zero-extended; together all of v, in the
 //                            order in which Narrow takes them
 //   Narrow                   signed 16-bit lanes to 8-bit ones, clamped to 0..255; signed 32-bit
-//                            lanes to signed 16-bit ones, clamped. Undoes Widen
+//                            lanes to signed 16-bit ones, clamped. Undoes WidenLow and WidenHigh
 //   NarrowUnsigned           signed 32-bit lanes to unsigned 16-bit ones, clamped; lanes as Narrow
 //   WeighLow, -High          d (255 - w) + r w in 16-bit lanes, from halves as for Widen
 //   InMemoryOrder            puts in memory order what Narrow made of two registers that follow one
@@ -31,6 +31,9 @@
 //   TruncatedQuotient        n / d by single-precision division, for quotients up to 32767
 //   SetBytes                 one bit for each byte: whether the comparison holds in its lane
 //   AllSet, NoneSet          whether the comparison holds in every lane, or in none
+//   MostlySomeSet            whether it holds in any lane, if it mostly does
+//   IsNegative, IsLight      whether the highest bit is set
+//   Opaque                   the same register, of which the compiler knows nothing
 //
 // A register wider than 16 bytes is 16-byte groups side by side. Operations move lanes within their
 // group, so that one undoes the other in every width. The exceptions are operations in memory

@@ -10,11 +10,12 @@
 
 namespace vantrix {
 
-// At(place), too, for every place of a row.
+// Also has At(place) for every place of a row, and an overload of OverlapsInPart
+// (common/overlap.h).
 template <class T>
 concept Operand = requires(T operand) { operand.NextRow(); };
 
-// Write(place, samples), too, and At(place) if it is read.
+// Also has Write(place, samples), and At(place) if it is read.
 template <class T>
 concept RuleTarget = requires(T target) {
   typename T::Sample;

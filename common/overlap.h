@@ -1,8 +1,9 @@
 // Whether operands share memory with the target, so that the order of loads and stores shows.
 //
-// Any overlap has a defined result: that of taking rows in order, and the samples of a row one at a
-// time, from the first to the last. A register loads samples before earlier ones are stored, so
-// planes that overlap are taken one sample at a time.
+// Any overlap has a defined result. Unless a kernel's header says otherwise,
+// it is that of taking rows in order, and the samples of a row one at a
+// time, from the first to the last. A register loads samples before earlier
+// ones are stored, so planes that overlap are taken one sample at a time.
 #pragma once
 
 #include "common/operands.h"
@@ -17,8 +18,8 @@ VX_INLINE uint64_t ReachOf(int64_t rows, int64_t stride) {
   return static_cast<uint64_t>(rows - 1) * static_cast<uint64_t>(stride);
 }
 
-// Rows of an operand, of `bytes` bytes, that are taken with rows of the target, of `targetBytes`
-// bytes. The first starts `apart` bytes after the target's first. In each next row the distance
+// Each row of an operand, of `bytes` bytes, is paired with a row of the target, of `targetBytes`
+// bytes. The first one starts `apart` bytes after the target's first. In each next row the distance
 // grows by `drift` bytes.
 struct RowPairs {
   int64_t apart, drift, bytes, targetBytes;

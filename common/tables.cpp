@@ -12,7 +12,7 @@ Constant16 SSE2Constants[9];
 
 namespace {
 
-// p / 255 rounded to nearest, halves away from zero; shifts keep the sign.
+// p / 255 rounded to nearest; 255 is odd, so there are no halves. Shifts keep the sign.
 constexpr int DivideSignedBy255(int p) {
   const int t = p + 128 - (p < 0);
   return (t + (t >> 8)) >> 8;

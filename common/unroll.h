@@ -1,4 +1,4 @@
-// Loops and choices at compile time.
+// Unrolled loops, and run-time values made constants.
 #pragma once
 
 #include <utility>

@@ -26,8 +26,8 @@ CLI::Validator Between(double least, double most) {
       "");
 }
 
-// Accepts decimal digits only: the parser would also take octal and hexadecimal digits, spaces and
-// signs.
+// Accepts decimal digits only: the parser would also take
+// octal and hexadecimal digits, spaces and signs.
 std::string WrongWithNumber(const std::string& text) {
   const bool isNumber = !text.empty() && text.find_first_not_of("0123456789") == text.npos &&
                         (text == "0" || text[0] != '0');

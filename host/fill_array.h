@@ -22,8 +22,8 @@ uint32_t* RowOf(FillArray* array, int32_t row);
 // Adds a pending entry to a row, in front of those that it has.
 void AddCrossing(FillArray* array, int32_t row, uint32_t position, bool isUpward);
 
-// Clears a row past the end of its settled entries. What a routine that folds the row leaves there
-// does not matter.
+// Clears a row past the end of its settled entries. What a
+// routine that folds the row leaves there does not matter.
 void ClearBehindEntries(uint32_t* row, int32_t rowStride);
 
 // A fill array that owns its memory. All rows are empty at first.

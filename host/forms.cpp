@@ -7,8 +7,8 @@
 namespace vantrix::host {
 namespace {
 
-// Whether a FormIndex is here. Not sanitized, as the sanitizer knows only the parts of this memory
-// that are variables.
+// Whether a FormIndex is here. Not sanitized, as the sanitizer
+// knows only the parts of this memory that are variables.
 __attribute__((no_sanitize("address"))) bool IsFormIndex(const char* at) {
   for (size_t i = 0; i < sizeof kFormIndexMark; ++i)
     if (at[i] != kFormIndexMark.text[i]) return false;

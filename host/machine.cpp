@@ -40,8 +40,8 @@ Function* FindInSystem(const char* name) {
 
 }  // namespace
 
-// Asks the system itself for its version: other functions return the one that a program was made
-// for.
+// Asks the system itself for its version: other functions
+// return the one that a program was made for.
 std::string SystemName() {
   OSVERSIONINFOW version = {};
   version.dwOSVersionInfoSize = sizeof version;

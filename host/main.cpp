@@ -88,8 +88,8 @@ const FormIndex* Introduce(PluginMainRoutine* pluginMain) {
   return index;
 }
 
-// Returns a folder for results: beside this program or, if nothing can be written there, among the
-// temporary files.
+// Returns a folder for results: beside this program or, if
+// nothing can be written there, among the temporary files.
 std::filesystem::path FolderOfOwn() {
   constexpr char kName[] = "vantrix-demo";
   std::string error;

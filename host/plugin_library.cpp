@@ -60,8 +60,8 @@ std::filesystem::path ThisProgram() {
 std::filesystem::path DefaultPluginPath() { return ThisProgram().parent_path() / kFileName; }
 std::filesystem::path DefaultCheckPath() { return ThisProgram().parent_path() / kCheckName; }
 
-// Loads by the absolute path: a bare name would be searched for, and another library could be
-// found.
+// Loads by the absolute path: a bare name would be searched
+// for, and another library could be found.
 PluginMainRoutine* LoadPlugin(const std::filesystem::path& path, std::string* error) {
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) {

@@ -17,8 +17,8 @@ std::filesystem::path ThisProgram();
 std::filesystem::path DefaultPluginPath();
 std::filesystem::path DefaultCheckPath();
 
-// Loads a plug-in. Returns its entry point, or null with the reason in *error. The library stays
-// loaded.
+// Loads a plug-in. Returns its entry point, or null with
+// the reason in *error. The library stays loaded.
 PluginMainRoutine* LoadPlugin(const std::filesystem::path& path, std::string* error);
 
 // Returns the file of the library that an entry point lies in.

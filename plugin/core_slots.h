@@ -6,7 +6,6 @@
 
 namespace vantrix {
 
-// It forwards to the host's routine.
 inline constexpr Slot kCoreSlots[] = {
     {kNoiseBuffer, Gate::kAlways, "NoiseBufferHook", "base, count, size",
      "records the noise buffer, then the host's own routine"},

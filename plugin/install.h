@@ -45,7 +45,7 @@ using Installer = int32_t(const SuiteParameterBlock* block);
 // One a suite, in the order in which start-up runs them.
 extern Installer* const kInstallers[kSuiteCount];
 
-// The last of them: first asks the host whether path debugging is on and with which guard value,
+// The last of them. It first asks the host whether path debugging is on and with which guard value,
 // and reports answers that contradict one another. Installs in any case.
 Installer InstallPathRoutines;
 

@@ -24,8 +24,8 @@ class FakeHost {
   std::vector<int> ChangedSlots(SuiteIndex suite) const;
   bool IsUntouched() const;
 
-  // What the capability query was asked, and what it answers: by selector, a result and what it
-  // writes.
+  // What the capability query was asked, and what it
+  // answers: by selector, a result and what it writes.
   struct Query {
     uint32_t signature, selector;
     // When it was asked: suites with changed slots, whether the shared tables were built, and the

@@ -207,8 +207,8 @@ constexpr Stated kStated[] = {
     As<VantrixNoiseBufferHook, decltype(NoiseBufferHook)>(kCore, kVantrixNoiseBufferHook),
 };
 
-// Returns the first served slot that the header does not state, or states differently; -1 if there
-// is none.
+// Returns the first served slot that the header does not
+// state, or states differently; -1 if there is none.
 template <size_t kCount>
 constexpr int FirstWrong(SuiteIndex suite, const Slot (&slots)[kCount]) {
   for (const Slot& slot : slots) {

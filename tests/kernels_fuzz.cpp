@@ -1,6 +1,6 @@
-// Coverage-guided differential fuzzing of all builds: libFuzzer chooses a build and a scene (shape,
-// strides, places, aliasing, contents, arguments). The build must do what the host's own routine
-// does.
+// Coverage-guided differential fuzzing of all builds: libFuzzer chooses
+// a build and a scene (shape, strides, places, aliasing, contents,
+// arguments). The build must do what the host's own routine does.
 #include <cstdio>
 #include <cstdlib>
 

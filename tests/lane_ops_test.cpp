@@ -192,8 +192,8 @@ const std::map<std::string, Model>& Models() {
   return models;
 }
 
-// Returns bytes that hold their place, noise, and operands that are the same except for some groups
-// or single bytes.
+// Returns bytes that hold their place, noise, and operands
+// that are the same except for some groups or single bytes.
 std::vector<LaneOperands> Operands() {
   std::vector<LaneOperands> all;
   LaneOperands places;

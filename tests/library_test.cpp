@@ -88,8 +88,8 @@ struct Component {
   std::string data;
   uint32_t length;
 };
-// Returns the list of 8 properties of a library with this name. `key` stands for the name in
-// translations.
+// Returns the list of 8 properties of a library with this
+// name. `key` stands for the name in translations.
 std::string PropertyList(const std::string& name, const std::string& key, Component component) {
   const auto whole = [](const std::string& text) {
     return static_cast<uint32_t>(text.size() + 4) / 4 * 4;

@@ -31,8 +31,8 @@ class PathInstallTest : public ::testing::Test {
  protected:
   ~PathInstallTest() override { PathDebugEnabled = 0, PathDebugGuardValue = 0; }
 
-  // Runs the installer with the host's present answers. Returns whether slot 24 is the checked
-  // routine.
+  // Runs the installer with the host's present answers.
+  // Returns whether slot 24 is the checked routine.
   bool Install() {
     coreSuite.live = host.Live(kCore).data();
     pathSuite.live = host.Live(kPath).data();
@@ -181,8 +181,8 @@ TEST(FillArrayTest, FoldsAndReportsArraysOfAnyContentsAsTheModelDoes) {
   }
 }
 
-// The random calls above provoke every message that a call can provoke. This test checks that, with
-// line and flag.
+// The random calls above provoke every message that a call
+// can provoke. This test checks that, with line and flag.
 TEST(FillArrayTest, MakesEveryReportThereIs) {
   std::vector<Report> made;
   for (uint64_t seed = 0; seed < 4000; ++seed) {
@@ -277,8 +277,8 @@ TEST(FillArrayTest, NamesTheCallersFileAndLineInItsChecks) {
   host::FillArrayBlock block(0, 2, 8, 0xABCD);
   block.Row(1)[kPendingCount] = 8;
   ValidateFillArray(block.Array(), "elsewhere", 12);
-  // The eight words up to the row's end are six zeros, the pending count itself and the settled
-  // count before it.
+  // The eight words up to the row's end are six zeros, the
+  // pending count itself and the settled count before it.
   EXPECT_EQ(host.reports, (std::vector<Report>{
                               {"ValidateFillArray: count too large.", "elsewhere", 12, 1},
                               {"ValidateFillArray: Up does not match down.", "elsewhere", 12, 1}}));

@@ -15,8 +15,8 @@ inline uint32_t UpperHalvesInUse() {
   return low & 0x44;
 }
 
-// Whether the processor can be asked, and reports correctly: emulators say that the halves are
-// always in use.
+// Whether the processor can be asked, and reports correctly:
+// emulators say that the halves are always in use.
 inline bool TellsUpperHalves() {
   if (!InstructionSetsHere().avx2 || !(kThisSystem.cpuid(13, 1).eax & 4)) return false;
   asm volatile("vzeroupper");

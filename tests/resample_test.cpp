@@ -59,8 +59,8 @@ class FilterTest : public ::testing::TestWithParam<TestedBuild> {
                                 (atEnd_ ? arena_.RegionBytes() - bytes : 0));
   }
 
-  // A source of `items` samples per row, or of `items` rows. Output items lie in order, or
-  // anywhere.
+  // A source of `items` samples per row, or of `items`
+  // rows. Output items lie in order, or anywhere.
   struct Source {
     int32_t items, rows = 2;
     bool isInOrder = true;
@@ -281,8 +281,8 @@ TEST(PositionsTest, TakeInWhatIsInside) {
   }
 }
 
-// Half a sample past each sample; for the linear mode each sample exactly, with nothing in the low
-// bits.
+// Half a sample past each sample; for the linear mode each
+// sample exactly, with nothing in the low bits.
 TEST(PositionsTest, MayAllHaveTheSameFraction) {
   Samples source(40);
   for (size_t i = 0; i < source.size(); ++i) source[i] = static_cast<uint8_t>(5 * i + 1);

@@ -1,6 +1,6 @@
-// Many threads call the live tables: on planes of their own, and side by side on one picture, as a
-// host divides it. Under the thread sanitizer a write outside a strip, even of the byte that was
-// there, is a race.
+// Many threads call the live tables: on planes of their own, and side by
+// side on one picture, as a host divides it. Under the thread sanitizer
+// a write outside a strip, even of the byte that was there, is a race.
 #include <gtest/gtest.h>
 
 #include <chrono>

@@ -22,8 +22,8 @@ namespace {
   }
 }
 
-// Calls with marks in the vector registers that a callee must keep. Returns whether they are still
-// there.
+// Calls with marks in the vector registers that a callee
+// must keep. Returns whether they are still there.
 [[gnu::noinline]] bool KeepsRegisters(const std::function<void()>& call, bool* faults) {
   alignas(16) uint8_t marks[160], found[160];
   for (size_t i = 0; i < sizeof marks; ++i) marks[i] = static_cast<uint8_t>(i + 1);

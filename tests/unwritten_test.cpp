@@ -120,8 +120,8 @@ TEST(ExtremesTest, StoreNoBlockThatStaysAsItIs) {
       blend(source, boundary - 16, 32);
       EXPECT_EQ(boundary[at], changing) << NameOf(b) << at;
     }
-    // Steps on the read-only page, and after it the remaining 16 to 31 samples, which are written
-    // in any case.
+    // Steps on the read-only page, and after it the remaining
+    // 16 to 31 samples, which are written in any case.
     for (int steps = 1; steps <= 4; ++steps)
       for (int left = 16; left < 32; ++left)
         blend(Samples(200, same), boundary - 32 * steps, 32 * steps + left);

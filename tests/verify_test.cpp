@@ -1,5 +1,5 @@
-// The demonstration host's verification finds what is wrong in a table, and that affects only its
-// slot.
+// The demonstration host's verification finds what is wrong
+// in a table, and that affects only its slot.
 #include "host/verify.h"
 
 #include <gtest/gtest.h>

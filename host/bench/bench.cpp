@@ -73,8 +73,8 @@ class Bench {
   }
 
  private:
-  // Measures a slot. Returns false if a routine does not do what the host's own does; it is not
-  // measured.
+  // Measures a slot. Returns false if a routine does not do
+  // what the host's own does; it is not measured.
   bool Measure(const Served& served, size_t count) {
     const SuiteIndex suite = served.suite->index;
     const uint16_t slot = served.slot->index;

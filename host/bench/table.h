@@ -27,8 +27,8 @@ std::string HeadOfTable();
 // Returns a line with its bar. The longest of the three times fills the width.
 std::string TextOf(const Line& line);
 
-// Returns how many times as fast the plug-in is in the lines of each suite: geometric mean, least,
-// most.
+// Returns how many times as fast the plug-in is in the
+// lines of each suite: geometric mean, least, most.
 std::string SumsOf(const std::vector<Line>& lines);
 
 }  // namespace vantrix::host

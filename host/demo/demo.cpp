@@ -28,8 +28,8 @@ bool Fail(const std::string& reason) {
   return false;
 }
 
-// A picture with more samples per plane is averaged down, so that the demonstration takes less than
-// a minute.
+// A picture with more samples per plane is averaged down,
+// so that the demonstration takes less than a minute.
 constexpr int64_t kMostSamples = int64_t{2560} * 1600;
 
 std::string SizeText(Size size, Size whole) {

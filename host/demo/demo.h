@@ -37,8 +37,8 @@ struct DemoOptions {
 // The name of the page for a browser.
 inline constexpr char kPage[] = "report.html";
 
-// Makes a folder for results, if needed. Returns false with the reason in *error if nothing can be
-// written there.
+// Makes a folder for results, if needed. Returns false with
+// the reason in *error if nothing can be written there.
 bool MakeFolder(const std::filesystem::path& folder, std::string* error);
 
 // Runs all operations; writes pictures, the page and report.txt into the folder, and prints the

@@ -57,8 +57,8 @@ struct Section {
   std::vector<Exhibit> exhibits;
 };
 
-// Returns three figures: before, after, and the difference of each sample. Both pictures must have
-// the same size.
+// Returns three figures: before, after, and the difference
+// of each sample. Both pictures must have the same size.
 std::vector<Figure> BeforeAndAfter(const Picture& before, const Picture& after);
 
 }  // namespace vantrix::host

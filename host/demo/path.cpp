@@ -87,8 +87,8 @@ Picture Show(const Picture& picture, const FillArrayBlock& block) {
 
 }  // namespace
 
-// Draws a star that crosses itself over a ring of two circles, with each operation and either rule;
-// first the star alone.
+// Draws a star that crosses itself over a ring of two circles,
+// with each operation and either rule; first the star alone.
 void DemonstratePaths(Session& session) {
   const Picture picture = Thumbnail(session.Photo());
   const auto fold = [&](FillArrayBlock* block, const Outline& outline, uint32_t operation,

@@ -1,5 +1,5 @@
-// Pictures in a grid, each with a label under it; a row is as high as its highest picture and
-// label.
+// Pictures in a grid, each with a label under it; a row is
+// as high as its highest picture and label.
 #pragma once
 
 #include <string>
@@ -13,8 +13,8 @@ class Sheet {
  public:
   Sheet(size_t columns, int tileWidth) : columns_(columns), tileWidth_(tileWidth) {}
 
-  // Adds a picture, reduced to fit a square tile. The label goes under it, on as many lines as
-  // needed.
+  // Adds a picture, reduced to fit a square tile. The label
+  // goes under it, on as many lines as needed.
   void Add(const Picture& picture, const std::string& label);
 
   Picture Draw() const;

@@ -106,8 +106,8 @@ void OnFault(int number, siginfo_t* information, void* context) {
 }
 #endif
 
-// Whether work ends by itself. A separate function, as one that goes on after a fault may hold
-// nothing in registers.
+// Whether work ends by itself. A separate function, as one
+// that goes on after a fault may hold nothing in registers.
 [[gnu::noinline]] bool Ends(const std::function<void()>& work) {
   if (__builtin_setjmp(behind)) return false;
   guardedThread = ThisThread();

@@ -7,8 +7,8 @@
 namespace vantrix::host {
 namespace {
 
-// Returns a view of the shape in a plane that has `rows` rows and `columns` columns more on each
-// side.
+// Returns a view of the shape in a plane that has `rows`
+// rows and `columns` columns more on each side.
 PlaneView Bordered(Scene& scene, Shape shape, int32_t rows, int32_t columns) {
   if (shape.rows < 1 || shape.columns < 1) return scene.Bytes(shape);
   PlaneView view = scene.Bytes({shape.rows + 2 * rows, shape.columns + 2 * columns});
@@ -53,8 +53,8 @@ void ExerciseConvolve(Routine routine, Scene& scene) {
   const PlaneView apart = scene.Bytes(shape);
   const PlaneView s = Bordered(scene, shape, std::max(0, radius), 0);
   const PlaneView d = Beneath(scene, apart, shape, s);
-  // Weights are those of a mean, small ones whose sum may wrap, or any, with bits above the 16 that
-  // count.
+  // Weights are those of a mean, small ones whose sum may
+  // wrap, or any, with bits above the 16 that count.
   const int32_t taps = std::max(0, 2 * radius + 1);
   std::vector<uint8_t> memory(84 + 4 * static_cast<size_t>(taps));
   std::memcpy(memory.data() + 80, &radius, 4);

@@ -105,8 +105,8 @@ const Outcome::Window* WindowOf(const Outcome& outcome, const uint8_t* place) {
   return nullptr;
 }
 
-// Returns some samples of a plane around a position, whose sample is in brackets; none if the plane
-// does not reach there.
+// Returns some samples of a plane around a position, whose
+// sample is in brackets; none if the plane does not reach there.
 std::string SamplesText(const NamedArguments& arguments, size_t plane, Position at,
                         const Outcome::Window& window) {
   constexpr ptrdiff_t kAbout = 4;
@@ -142,8 +142,8 @@ std::optional<Differing> FirstDiffering(const Outcome& expected, const Outcome& 
   return {};
 }
 
-// Returns the plane that a place belongs to. If there are several, prefers one that the routine may
-// write.
+// Returns the plane that a place belongs to. If there are
+// several, prefers one that the routine may write.
 std::optional<size_t> PlaneAt(const NamedArguments& arguments, const Outcome& inputs,
                               const uint8_t* place) {
   const Outcome::Window* const window = WindowOf(inputs, place);

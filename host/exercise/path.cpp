@@ -7,8 +7,8 @@
 namespace vantrix::host {
 namespace {
 
-// Returns a position: anywhere if `range` is large, else mostly below it, so that positions
-// coincide.
+// Returns a position: anywhere if `range` is large, else
+// mostly below it, so that positions coincide.
 uint32_t Position(Choices& choose, uint32_t range) {
   constexpr uint32_t kLast = 0x7FFFFFFF;
   if (range > 0xFFFF) return (choose.Below(65536) << 16 | choose.Below(65536)) & kLast;
@@ -46,9 +46,9 @@ void FillRow(Choices& choose, FillArray* array, int32_t row, uint32_t room, uint
 
 }  // namespace
 
-// Rows have room for as many entries as the shape has columns. What a routine leaves past the end
-// of the entries of a row that had pending ones is not compared, nor is the calc buffer except its
-// last two words.
+// Rows have room for as many entries as the shape has columns. What a
+// routine leaves past the end of the entries of a row that had pending
+// ones is not compared, nor is the calc buffer except its last two words.
 void ExerciseFillArray(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
   Choices& choose = scene.Choose();

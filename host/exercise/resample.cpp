@@ -12,8 +12,8 @@ int32_t* ListOf(Scene& scene, int32_t count) {
   return reinterpret_cast<int32_t*>(scene.Run(std::max(count, 0) * 4, 4).first);
 }
 
-// Returns how many source rows the next output row takes: `rest` rows may still be taken, and
-// `taken` given back.
+// Returns how many source rows the next output row takes:
+// `rest` rows may still be taken, and `taken` given back.
 int32_t ChooseRowCount(Choices& choose, int32_t taken, int32_t rest) {
   switch (choose.Below(20)) {
     case 0:
@@ -37,8 +37,8 @@ int32_t ChooseMode(Scene& scene) {
   return static_cast<int32_t>(scene.Narrow(kModes[scene.Choose().Below(7)]));
 }
 
-// Source positions near one another, anywhere inside, around the ends, or at the edges of what the
-// modes accept.
+// Source positions near one another, anywhere inside, around
+// the ends, or at the edges of what the modes accept.
 class Positions {
  public:
   Positions(Scene& scene, int32_t length)

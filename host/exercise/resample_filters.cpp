@@ -187,8 +187,8 @@ void FilterHorizontally(Routine routine, Scene& scene, FilterSetting measured) {
   const PlaneView d =
       scene.PerhapsWithin(apart, shape, shape.columns * kSize, s, shape.rows, items * kSize, kSize);
   const Lists lists = MakeLists(scene, setting.taps, count, items, setting.scale);
-  // Rows are unsigned, so a negative number means many rows. Only an empty width has no samples
-  // then.
+  // Rows are unsigned, so a negative number means many
+  // rows. Only an empty width has no samples then.
   const auto rows = static_cast<uint32_t>(shape.columns < 1 ? shape.rows : std::max(shape.rows, 0));
   scene.Call<FilterHorizontal<Sample>>(routine, Moved<Sample>(s.first, lists.origin * kSize),
                                        reinterpret_cast<Sample*>(d.first), rows, shape.columns,

@@ -39,8 +39,8 @@ void FillNoise(Noise& noise, uint8_t* start, size_t bytes) {
   for (; i < bytes; ++i) start[i] = static_cast<uint8_t>(noise.Next() >> 56);
 }
 
-// Fills memory with samples in steps so small that a branch on them does not change direction at
-// each.
+// Fills memory with samples in steps so small that a branch
+// on them does not change direction at each.
 void FillSmoothly(Noise& noise, uint8_t* start, size_t bytes) {
   int sample = static_cast<int>(noise.Next() >> 56);
   for (size_t i = 0; i < bytes;) {

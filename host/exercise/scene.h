@@ -49,8 +49,8 @@ class Scene {
  public:
   Scene(Arena& arena, Choices choices) : arena_(arena), choices_(choices) {}
 
-  // For measuring: sets the shape and the runner. `how` says what planes are like; by default they
-  // hold noise.
+  // For measuring: sets the shape and the runner. `how`
+  // says what planes are like; by default they hold noise.
   void Measure(Shape shape, Runner runner, Measured how = {});
   // For a runner: makes its call run this routine from here on, in the same planes.
   void Substitute(Routine routine) { routine_ = routine; }

@@ -8,8 +8,8 @@
 namespace vantrix::host {
 namespace {
 
-// By operation: bit s says whether state s is covered. A state is 1 inside the new shape plus 2
-// inside the old spans.
+// By operation: bit s says whether state s is covered. A state
+// is 1 inside the new shape plus 2 inside the old spans.
 constexpr uint8_t kCovered[] = {0b1110, 0b0100, 0b1000, 0b0110};
 
 void FoldRow(uint32_t* row, uint32_t stride, uint32_t operation, bool byWinding, uint32_t* calc) {

@@ -29,8 +29,8 @@ bool IsCovered(uint32_t operation, bool isNew, bool isOld) {
   }
 }
 
-// Checks after every position where something happens whether the row is covered, and notes where
-// that changes.
+// Checks after every position where something happens
+// whether the row is covered, and notes where that changes.
 void FoldRow(uint32_t* row, uint32_t rowStride, uint32_t operation, bool byWinding) {
   std::map<uint32_t, Events> events;
   for (uint32_t i = 0; i < row[kEntryCount]; ++i) ++events[row[kFirstEntry + i]].edges;

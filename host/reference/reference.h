@@ -1,5 +1,5 @@
-// The references: the host's own routines. They are its defaults, and every kernel must do the
-// same.
+// The references: the host's own routines. They are its
+// defaults, and every kernel must do the same.
 //
 // Each is written from the sentence that defines it, one sample at a time, with plain division
 // where the sentence divides. Nothing here depends on how the plug-in works.

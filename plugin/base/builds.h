@@ -20,7 +20,8 @@ Routine Entry() {
   return reinterpret_cast<Routine>(&kFunction);
 }
 
-// If a form does not list a slot, or lists it without a routine, a narrower form's build serves it.
+// One line of a suite's list. If the getter is null, or a
+// slot has no line, a narrower form's build serves the slot.
 struct Build {
   uint16_t slot;
   RoutineGetter routine;
@@ -56,13 +57,13 @@ constexpr RoutineGetter ExceptIn(InForm inForm) {
 // these kernels nothing.
 template <class Form, int kBytes, class InForm>
 constexpr RoutineGetter AtMost(InForm inForm) {
-  constexpr bool kFits = Form::kBytes <= kBytes;
-  return OnlyIf < Form, kFits && !std::is_same_v < Form, Ssse3 >> (inForm);
+  constexpr bool kServes = Form::kBytes <= kBytes && !std::is_same_v<Form, Ssse3>;
+  return OnlyIf<Form, kServes>(inForm);
 }
 template <class Form, int kBytes, class InForm>
 constexpr RoutineGetter AtLeast(InForm inForm) {
-  constexpr bool kFits = Form::kBytes >= kBytes;
-  return OnlyIf < Form, kFits && !std::is_same_v < Form, Ssse3 >> (inForm);
+  constexpr bool kServes = Form::kBytes >= kBytes && !std::is_same_v<Form, Ssse3>;
+  return OnlyIf<Form, kServes>(inForm);
 }
 
 }  // namespace vantrix

@@ -10,8 +10,8 @@ namespace vantrix {
 extern InstructionSets instructionSets;
 
 // The 16-byte sets are the flags of the same names. A wider set needs the flag hasSSE2, every
-// feature that its form is compiled with, and a system that saves its registers: a system that does
-// not would lose them when it changes threads.
+// feature that its form is compiled with, and a system that saves its registers: otherwise
+// their contents are lost when the system changes threads.
 //
 // Asks only the processor, each leaf once and only if it exists. The enabled state is read only if
 // the processor says that it can be.

@@ -5,9 +5,9 @@
 
 namespace vantrix {
 
-// Start-up writes it; from then on it is only read. A kernel that hands a case back to the host
-// calls the saved entry. A kernel that uses another routine of the host calls the live entry,
-// whatever is installed there.
+// What the plug-in holds of a suite. Start-up writes it; from then on it is only read. A kernel
+// that hands a case back to the host calls the saved entry. A kernel that uses another routine of
+// the host calls the live entry, whatever is installed there.
 template <size_t kEntries>
 struct Suite {
   Routine* live;            // the host's table, null until acquired

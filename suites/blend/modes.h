@@ -1,8 +1,8 @@
 // The blend modes: each computes the full-strength sample from the destination's and the source's.
 //
 //   kMoves        whether that sample is never below the destination's, never above it, or either.
-//   At
-//                 less than full strength one product with the weight is then added, or subtracted
+//                 If it is never below, or never above, one product with the weight is added to the
+//                 destination, or subtracted, at less than full strength
 //   kCopiesRows   a row of at most 4096 samples behaves as if operands that overlap the destination
 //                 had been copied before it is written
 //   kLeavesAlone  under a mask, a sample that does not change is written only in a block in which

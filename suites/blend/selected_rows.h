@@ -1,8 +1,8 @@
 // Rows in which a rule selects samples and leaves the others alone: their bytes may belong to
 // another thread, or lie on a page that must not be written.
 //
-// In the blocks of 16 that start at the target's first 16-byte boundary, all samples are written
-// together. Before and after these blocks only selected samples are written.
+// In the blocks of 16 that start at the target's first 16-byte boundary, all samples may
+// be written. Before and after these blocks only selected samples are written.
 #pragma once
 
 #include "common/changed.h"

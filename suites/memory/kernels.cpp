@@ -10,6 +10,7 @@ namespace {
 
 template <class Form>
 constexpr Build kBuilds[] = {
+    // Slots 0 and 1 are open for either flag, so there is a build for processors with SSSE3 alone.
     {0, OnlyIn<Form, Sse2, Ssse3>([]<class F>(F) { return Entry<CopyBytes<F>>; })},
     {1, OnlyIn<Form, Sse2, Ssse3>([]<class F>(F) { return Entry<CopyRect<CopyBytes<F>>>; })},
     {3, OnlyIn<Form, Sse2>([]<class F>(F) { return Entry<FillBytes<F>>; })},

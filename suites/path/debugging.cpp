@@ -2,7 +2,6 @@
 
 #include "plugin/base/builds.h"
 #include "plugin/base/suites.h"
-#include "suites/kernels.h"
 #include "suites/path/debug.h"
 #include "suites/path/fill_array.h"
 
@@ -10,7 +9,6 @@ namespace vantrix {
 namespace {
 
 constexpr int kFillArraySlot = 24;
-constexpr Build kBuilds[] = {{kFillArraySlot, Entry<ApplyFillArrayOperation>}};
 
 struct Answer {
   uint64_t value;
@@ -51,11 +49,6 @@ void AskForPathDebugging() {
 
 void InstallPathChecks() {
   if (PathDebugEnabled) pathSuite.live[kFillArraySlot] = Entry<ApplyFillArrayOperationChecked>();
-}
-
-template <>
-Builds PathKernels::In<Scalar>() {
-  return kBuilds;
 }
 
 }  // namespace vantrix

@@ -15,9 +15,8 @@ namespace vantrix {
 //     which the winding number leaves or reaches 0, the even-odd rule keeps all. Of equal positions
 //     one is kept if their number is odd, none if it is even. These are the boundaries of the new
 //     shape, whatever the path's direction.
-//   - The row's settled entries become the boundaries of the combined shape, ascending, and none
-//   are
-//     pending. A position that closes one span and opens another is dropped.
+//   - The row's settled entries become the boundaries of the combined shape, ascending, and no
+//     entries are pending. A position that closes one span and opens another is dropped.
 // A row without pending entries keeps its settled ones, except that kIntersect drops them.
 //
 // Rows that contradict themselves are folded as well. A count above rowStride - 2, as unsigned

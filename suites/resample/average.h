@@ -3,7 +3,7 @@
 
 #include <bit>
 
-#include "common/rounding.h"
+#include "common/lane_ops.h"
 #include "common/unroll.h"
 
 namespace vantrix {

@@ -1,4 +1,4 @@
-// Bodies of box.h, for the units that instantiate them.
+// The row average of box.h, for the units that instantiate it.
 #pragma once
 
 #include "suites/resample/average.h"

@@ -11,7 +11,7 @@
 //   set   | where | places | start | weights of unit 0 | of unit 1 | ...
 //           |       |        |       as the rule prepares them: one register or two
 //           |       |        what sums start with, if the rule needs it
-//           |       where in its window each column's first unit is, byte by byte
+//           |       where in its window each column's first unit is, if the access has windows
 //           how many bytes after the start of the span the column, or its window, starts
 //
 //   lanes | column x | x + 1 | x + 2 | x + 3 |  in a wider register  | x + 4 | ...

@@ -15,6 +15,11 @@ inline constexpr int32_t kPlanWords = 8192;
 // there are registers for their sums.
 template <class Sample>
 inline constexpr int kRowsAtOnce = sizeof(Sample) == 1 ? 2 : 4;
+// Planes of more bytes come from memory. The next rows of 8-bit samples are prefetched then: each
+// stretch of a row is on pages of its own, where the processor's own prefetching starts anew. In
+// cache that costs time, and with larger samples it gained too little. Measured.
+inline constexpr int64_t kFarBytes = 8 << 20;
+inline constexpr intptr_t kCacheLine = 64;
 
 VX_INLINE constexpr int32_t UnitsOf(int32_t taps, int32_t unitTaps) {
   return (taps + unitTaps - 1) / unitTaps;
@@ -30,6 +35,9 @@ struct HorizontalCall {
   Taps taps;
   Span span;
 
+  VX_INLINE bool IsFar(int64_t sampleBytes) const {
+    return sampleBytes == 1 && span.bytes + width > kFarBytes / rows;
+  }
   VX_INLINE bool Overlaps(int64_t sampleBytes) const {
     const PlaneArea target{destination, destinationStride, rows, width * sampleBytes};
     return target.OverlapsItself() || Overlap({source, sourceStride, rows, span.bytes}, target);
@@ -185,10 +193,22 @@ struct HorizontalPass : HorizontalCall {
     });
   }
 
+  // Prefetches a block of the rows after these: the source from the first column of its first set
+  // to that of its last one, and the destination.
+  VX_INLINE void PrefetchBlock(OfRows<const uint8_t*> from, OfRows<uint8_t*> to, int32_t block,
+                               intptr_t first, intptr_t last) const {
+    Repeat<kRows>([&](int r) VX_INLINED {
+      for (intptr_t at = first; at <= last; at += kCacheLine)
+        Prefetch(from.of[r] + kRows * sourceStride + at);
+      Prefetch(to.of[r] + kRows * destinationStride + BlockAt(block) * kSize);
+    });
+  }
+
   template <class Access, int kTaps>
   VX_INLINE void WeighRows(const uint32_t* plan, uint32_t row, uint32_t endRow,
                            Stretch stretch) const {
     const int32_t setWords = SetWords<Access, kTaps>();
+    const bool isFar = IsFar(kSize);
     for (; row < endRow; row += (endRow - row > kRows) ? kRows : endRow - row) {
       OfRows<const uint8_t*> from;
       OfRows<uint8_t*> to;
@@ -198,10 +218,12 @@ struct HorizontalPass : HorizontalCall {
         to.of[r] = destination + intptr_t{y} * destinationStride;
       }
       const uint32_t* words = plan;
-      for (int32_t block = stretch.first; block < stretch.end; ++block, words += kSets * setWords)
+      for (int32_t block = stretch.first; block < stretch.end; ++block, words += kSets * setWords) {
+        if (isFar) PrefetchBlock(from, to, block, words[0], words[(kSets - 1) * setWords]);
         WeighSets<Access, kTaps, kSets>(from, words, [&](int r, U8<S> samples) VX_INLINED {
           Store(to.of[r] + BlockAt(block) * kSize, samples);
         });
+      }
       for (int32_t set = 0; set < stretch.looseSets; ++set, words += setWords)
         WeighSets<Access, kTaps, 1>(from, words, [&](int r, U8<S> samples) VX_INLINED {
           if (kColumns == 4 && outputWidth < kColumns)

@@ -4,9 +4,8 @@
 // sample; that of sample i is i x 65536. The mode is
 //   0      nearest: with p = position + 32768, the sample at index p / 65536, rounded down
 //   other  linear: with p = position + 128, i = p / 65536, rounded down, and f = bits 8 to 15 of p,
-//   the
-//          sample at i if f is 0, else first + SignedMultiply(f, second - first), first and second
-//          being the samples at i and i + 1
+//          the sample at i if f is 0, else first + SignedMultiply(f, second - first), first and
+//          second being the samples at i and i + 1
 // p is exact, in more than 32 bits if needed. An output sample is written only if all samples that
 // it needs, one or two, are inside the source; else it stays as it is.
 #pragma once

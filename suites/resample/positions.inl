@@ -60,13 +60,13 @@ struct Coordinates {
       : moved(Load<U32<V>>(positions) + kOrigin<kIsLinear>) {}
   VX_INLINE V Index() const { return As<V>(moved) >> 16; }
   VX_INLINE V Fraction() const { return As<V>(moved >> 8 & 255); }
-  // Whether a coordinate is inside with its next neighbour, needed or not.
+  // Whether a coordinate and its right neighbour, needed or not, are inside.
   VX_INLINE V IsIn(V length) const {
     return (Index() >= 0) & (Index() + (kIsLinear ? 1 : 0) < length);
   }
 };
 
-// A source of one dimension. One computes an output sample. Several computes as many as V has
+// A source of one dimension. One() computes an output sample. Several() computes as many as V has
 // 16-bit lanes; if one of them is outside, it computes none and returns false.
 template <bool kIsLinear>
 struct Line {

@@ -10,9 +10,9 @@
 
 namespace vantrix {
 
-// The filters. Output item i (a column or a row) has tapCount taps. The first is
-// tapCount / 2 (truncated) - 1 source items before item offsets[i]. Its weight is entry
-// phases[i] x tapCount of `weights`; those of the other taps follow. A weight of 16384 is 1.
+// The filters. Output item i (a column or a row) has tapCount taps. The first one is source item
+// offsets[i] + 1 - tapCount / 2 (truncated). Its weight is entry phases[i] x tapCount of `weights`;
+// those of the other taps follow. A weight of 16384 is 1.
 template <class Sample>
 using FilterHorizontal = void(const Sample* source, Sample* destination, uint32_t rows,
                               int32_t width, const int32_t* offsets, const uint8_t* phases,

@@ -6,8 +6,8 @@
 //   step        = width x 4294967296 / L, divided in double precision, then truncated
 //   position(x) = width x 2147483648 - ((width - 1) x step / 2, rounded down) + x x step
 //   index       = position(x) / 4294967296, rounded down
-// in exact integers. Column x becomes the sample at index: that at -3 if index is below -2, that at
-// width + 2 if index is above width + 2. So a row's columns may read from 3 samples before the
+// in exact integers. Column x becomes the sample at index, limited to -3
+// .. width + 2. So a row's columns may read from 3 samples before the
 // source row to 3 samples after it. A negative length mirrors the row.
 //
 // A row of length 0 is filled with the sample at -3, by the memory suite's live FillBytes.

@@ -67,8 +67,8 @@ struct FilteredFloats {
   }
 };
 
-// Calls use(InGroups) with the widest register, of kBytes bytes, half of that, and so on down to
-// 32, of which a row has kGroup; returns whether there is one.
+// Calls use(InGroups) with the widest register that fits kGroup times into the row, of kBytes
+// bytes, half of that, and so on; wide forms go down to 32 bytes. Returns whether there is one.
 template <int kBytes, class Use>
 VX_INLINE bool WithGroups(int32_t width, Use use) {
   using V = Lanes<float, kBytes / int{sizeof(float)}>;

@@ -15,8 +15,8 @@ struct Taken : Pair<V> {
   Pair<V> own;
   V takesPriority, takesValue;
 };
-// kHolds is the carried priority that takes nothing over.
-// To take the same entry again changes nothing.
+// kHolds is the carried priority that takes nothing over. Blocks may overlap: to take an entry a
+// second time changes nothing.
 template <uint16_t kHolds>
 struct TakeOver {
   template <class V>
@@ -26,7 +26,7 @@ struct TakeOver {
     const V isTaken = Opaque(As<V>(~keeps));
     const auto takes = IsNegative(isTaken);
     const Pair<V> after{takes ? carried : own.first, takes ? before.second : own.second};
-    // If 0 takes over, it mostly takes over from 0, and changes nothing.
+    // With 0x8000 held back, 0 takes over too; mostly from 0, which changes nothing.
     if constexpr (kHolds != 0)
       return {after, own, As<V>(after.first != own.first), As<V>(after.second != own.second)};
     return {after, own, isTaken, isTaken};
@@ -60,8 +60,8 @@ struct LinesAt {
 };
 
 // Walks lines that lie side by side. Many lines are walked together, all of them one entry on at a
-// time. Of few lines, as many as a register holds are walked to their ends at once: if the entry
-// before were loaded again, the load would wait for its store.
+// time. If there are few, a register of lines is walked to its end before the next one: its last
+// entries stay in registers, as a load of them would wait for their store.
 template <class Form, class Rule, class T>
 VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineCount,
                                  int32_t lineLength, int32_t entryBytes) {
