@@ -1,5 +1,6 @@
 // The kernels of suite path. They have one form, and are compiled once.
 #include "suites/kernels.h"
+
 #include "suites/path/fill_array.h"
 
 namespace vantrix {
