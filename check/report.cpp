@@ -35,7 +35,7 @@ std::optional<Report> Report::In(std::span<const std::filesystem::path> folders)
 
 void Report::Begin(const Facts& facts) {
   std::string text = std::string(kTitle) + "\n\n" + kAbout + "\n\n";
-  for (const auto& [name, fact] : facts) text += name + ": " + fact + "\n";
+  for (const auto& [name, fact] : facts) text.append(name).append(": ").append(fact).append("\n");
   text_.Append(text);
   page_.Append(page::Head(kTitle, kAbout, facts));
 }

@@ -101,7 +101,7 @@ Verdict Trials::Trial::CompareInAll() {
     if (!CompareInScene()) return {Kind::kFaulted, "as " + stop_};
   }
   const bool isEqual = apart_.different + overlapping_.different == 0;
-  const Verdict verdict = isEqual ? Equality() : Differences();
+  Verdict verdict = isEqual ? Equality() : Differences();
   if (faults_ == 0) return verdict;
   return {Kind::kFaulted, "in " + Count(faults_, "scene") + ". Without them " +
                               NameOf(verdict.kind) + " " + verdict.words + " First " + firstFault_};

@@ -12,7 +12,8 @@ namespace {
 __attribute__((no_sanitize("address"))) bool IsFormIndex(const char* at) {
   for (size_t i = 0; i < sizeof kFormIndexMark; ++i)
     if (at[i] != kFormIndexMark.text[i]) return false;
-  return reinterpret_cast<const FormIndex*>(at)->self == reinterpret_cast<const FormIndex*>(at);
+  const auto* const index = reinterpret_cast<const FormIndex*>(at);
+  return index->self == index;
 }
 
 Routine BuildOf(const FormIndex& index, SuiteIndex suite, uint16_t slot, int32_t form) {

@@ -26,7 +26,6 @@ int32_t Startup(const SuiteParameterBlock* block, int16_t* result, const System&
   for (Installer* install : kInstallers) outcome = install(block);
 
   if (processorFeatures.hasSSE2) FillSSE2Constants();
-  *result = 0;
   return outcome;
 }
 

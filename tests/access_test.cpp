@@ -1,4 +1,5 @@
 // What is true at the moment of an access: kernels are stopped at memory that they may not access.
+// And rows that need no access are not walked.
 #include <gtest/gtest.h>
 #include <setjmp.h>
 #include <signal.h>

@@ -80,8 +80,8 @@ class CheckTest : public ::testing::Test {
     const std::string text = Text();
     const size_t start = text.find("\n" + slot + " ");
     if (start == text.npos) return "";
-    size_t end = text.find("\n", start + 1);
-    while (end != text.npos && text[end + 1] == ' ') end = text.find("\n", end + 1);
+    size_t end = text.find('\n', start + 1);
+    while (end != text.npos && text[end + 1] == ' ') end = text.find('\n', end + 1);
     return text.substr(start + 1, end - start);
   }
 

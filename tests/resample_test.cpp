@@ -288,10 +288,10 @@ TEST(PositionsTest, MayAllHaveTheSameFraction) {
   for (size_t i = 0; i < source.size(); ++i) source[i] = static_cast<uint8_t>(5 * i + 1);
   for (auto* const sample : BuildsOf<SampleAtPositions1D>(kResample, 18))
     for (const int32_t mode : {0, 1}) {
-      std::vector<int32_t> positions;
-      for (int32_t i = 0; i < 39; ++i) positions.push_back(65536 * i + (mode == 0 ? 32768 : -128));
+      int32_t positions[39];
+      for (int32_t i = 0; i < 39; ++i) positions[i] = 65536 * i + (mode == 0 ? 32768 : -128);
       Samples result(39);
-      sample(source.data(), result.data(), 39, 40, positions.data(), mode);
+      sample(source.data(), result.data(), 39, 40, positions, mode);
       EXPECT_EQ(result, Samples(source.begin() + (mode == 0), source.end() - (mode != 0))) << mode;
     }
 }

@@ -46,7 +46,9 @@ std::string Wrapped(const std::string& text, int width) {
   for (size_t i = 0; i <= text.size();) {
     const size_t end = std::min(text.find_first_of(" \n", i), text.size());
     const std::string word = text.substr(i, end - i);
-    std::string longer = line.empty() ? word : line + ' ' + word;
+    std::string longer = line;
+    if (!line.empty()) longer += ' ';
+    longer += word;
     if (!line.empty() && kScale * stb_easy_font_width(longer.data()) > width) {
       wrapped += line + '\n';
       line = word;

@@ -1,5 +1,4 @@
 // The machine on a POSIX system.
-#include <cpuid.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -9,18 +8,12 @@
 namespace vantrix {
 namespace {
 
-CpuidWords Cpuid(uint32_t leaf, uint32_t subLeaf) {
-  CpuidWords words;
-  __cpuid_count(leaf, subLeaf, words.eax, words.ebx, words.ecx, words.edx);
-  return words;
-}
-
 // The system says which registers it saves in XCR0, bit 1 for SSE's; before there was
 // such a register every 64-bit system saved them. A test by execution would have to
 // take the host's signal handler away for a moment.
 bool ExecutesSSE() {
   constexpr uint32_t kHasControlRegister = 1u << 27;
-  if (!(Cpuid(1, 0).ecx & kHasControlRegister)) return true;
+  if (!(ReadCpuid(1, 0).ecx & kHasControlRegister)) return true;
   return ReadEnabledState() >> 1 & 1;
 }
 
@@ -40,7 +33,7 @@ void CloseRegistryKey(RegistryKey) {}
 }  // namespace
 
 const System kThisSystem = {
-    Cpuid,           ReadEnabledState,  ExecutesSSE,      LogicalProcessorInformation,
+    ReadCpuid,       ReadEnabledState,  ExecutesSSE,      LogicalProcessorInformation,
     LastError,       ProcessorCount,    std::malloc,      std::free,
     OpenRegistryKey, QueryRegistryWord, CloseRegistryKey,
 };

@@ -1,5 +1,4 @@
 // The machine on Windows.
-#include <cpuid.h>
 #include <windows.h>
 
 #include <cstdlib>
@@ -8,12 +7,6 @@
 
 namespace vantrix {
 namespace {
-
-CpuidWords Cpuid(uint32_t leaf, uint32_t subLeaf) {
-  CpuidWords words;
-  __cpuid_count(leaf, subLeaf, words.eax, words.ebx, words.ecx, words.edx);
-  return words;
-}
 
 // A function of its own: the guard covers calls, not single instructions.
 [[gnu::noinline]] void ExecuteSSE() { asm volatile("xorps %%xmm0, %%xmm0" ::: "xmm0"); }
@@ -67,7 +60,7 @@ void CloseRegistryKey(RegistryKey key) { RegCloseKey(static_cast<HKEY>(key)); }
 }  // namespace
 
 const System kThisSystem = {
-    Cpuid,           ReadEnabledState,  ExecutesSSE,      LogicalProcessorInformation,
+    ReadCpuid,       ReadEnabledState,  ExecutesSSE,      LogicalProcessorInformation,
     LastError,       ProcessorCount,    std::malloc,      std::free,
     OpenRegistryKey, QueryRegistryWord, CloseRegistryKey,
 };

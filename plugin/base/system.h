@@ -47,7 +47,8 @@ struct System {
   void (*closeRegistryKey)(RegistryKey key);
 };
 
-// Reads the enabled state from the processor, on any system.
+// Read from the processor, on any system.
+CpuidWords ReadCpuid(uint32_t leaf, uint32_t subLeaf);
 uint64_t ReadEnabledState();
 
 // The machine that the plug-in runs on.

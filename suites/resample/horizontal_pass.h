@@ -35,9 +35,6 @@ struct HorizontalCall {
   Taps taps;
   Span span;
 
-  VX_INLINE bool IsFar(int64_t sampleBytes) const {
-    return sampleBytes == 1 && span.bytes + width > kFarBytes / rows;
-  }
   VX_INLINE bool Overlaps(int64_t sampleBytes) const {
     const PlaneArea target{destination, destinationStride, rows, width * sampleBytes};
     return target.OverlapsItself() || Overlap({source, sourceStride, rows, span.bytes}, target);
@@ -208,7 +205,7 @@ struct HorizontalPass : HorizontalCall {
   VX_INLINE void WeighRows(const uint32_t* plan, uint32_t row, uint32_t endRow,
                            Stretch stretch) const {
     const int32_t setWords = SetWords<Access, kTaps>();
-    const bool isFar = IsFar(kSize);
+    const bool isFar = kSize == 1 && span.bytes + width > kFarBytes / rows;
     for (; row < endRow; row += (endRow - row > kRows) ? kRows : endRow - row) {
       OfRows<const uint8_t*> from;
       OfRows<uint8_t*> to;

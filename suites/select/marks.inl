@@ -82,10 +82,10 @@ VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t ro
     ApplyToRow(walk, SpreadMarks{},
                MarkedRows<kRows>{{row, rowBytes}, above, /*hasBelow=*/rows > kRows});
     row += kRows * intptr_t{rowBytes};
-    rows -= kRows;
   };
-  while (rows >= kRowsAtOnce) spread(std::integral_constant<int, kRowsAtOnce>{});
-  while (rows > 0) spread(std::integral_constant<int, 1>{});
+  for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce)
+    spread(std::integral_constant<int, kRowsAtOnce>{});
+  for (; rows > 0; --rows) spread(std::integral_constant<int, 1>{});
 }
 
 }  // namespace
