@@ -7,7 +7,6 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <optional>
 #include <string_view>
 
 #include "check/halt.h"
@@ -47,7 +46,8 @@ struct Trials::Trial {
 
   std::mutex mutex;
   std::condition_variable ends;
-  std::optional<Verdict> settled;  // set when the trial has ended
+  bool hasEnded = false;
+  Verdict settled;  // once the trial has ended
 
   std::atomic<uintptr_t> thread = 0;
   std::atomic<uint32_t> calls = 0;  // begun
@@ -83,14 +83,15 @@ struct Trials::Trial {
 void Trials::Trial::Run() {
   const host::FaultStack stack;
   thread = HaltableThread();
-  Verdict verdict;
+  Verdict result;
   try {
-    verdict = CompareInAll();
+    result = CompareInAll();
   } catch (const std::exception& error) {
-    verdict = {Kind::kNotTried, std::string("to the end: ") + error.what()};
+    result = {Kind::kNotTried, std::string("to the end: ") + error.what()};
   }
   const std::lock_guard lock(mutex);
-  settled = verdict;
+  settled = result;
+  hasEnded = true;
   ends.notify_one();
 }
 
@@ -218,14 +219,14 @@ Verdict Trials::TryInThread(const Candidate& candidate) {
   std::thread thread([trial] { trial->Run(); });
   std::unique_lock lock(trial->mutex);
   uint32_t before = 0;  // calls
-  while (!trial->ends.wait_for(lock, limit_, [&] { return trial->settled.has_value(); })) {
+  while (!trial->ends.wait_for(lock, limit_, [&] { return trial->hasEnded; })) {
     const uint32_t calls = trial->calls;
     if (calls == before && calls > 0) return Abandon(*trial, &thread);
     before = calls;
   }
   lock.unlock();
   thread.join();
-  return *trial->settled;
+  return trial->settled;
 }
 
 Verdict Trials::Abandon(const Trial& trial, std::thread* thread) {

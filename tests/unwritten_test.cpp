@@ -94,7 +94,7 @@ TEST(ExtremesInPartTest, WriteNothingBesideASampleThatChanges) {
       for (int at = 0; at < 16 - before; ++at) {
         const uint8_t extreme = b.slot == 10 ? 255 : 0;
         Samples source(32, 100);
-        source[static_cast<size_t>(before + at)] = extreme;
+        source.data()[before + at] = extreme;
         pages.Boundary()[at] = 100;
         BlendRow(b, source, pages.Boundary() - before, full, before + at + 1);
         EXPECT_EQ(pages.Boundary()[at], extreme) << NameOf(b) << before << at;
@@ -115,7 +115,7 @@ TEST(ExtremesTest, StoreNoBlockThatStaysAsItIs) {
     // A step of two blocks around the boundary. The second one changes in one sample.
     for (int at = 0; at < 16; ++at) {
       Samples source(32, same);
-      source[static_cast<size_t>(16 + at)] = changing;
+      source.data()[16 + at] = changing;
       boundary[at] = 100;
       blend(source, boundary - 16, 32);
       EXPECT_EQ(boundary[at], changing) << NameOf(b) << at;

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <vector>
@@ -16,13 +15,20 @@ namespace {
 int64_t LocalDeviation(const uint8_t* source, uint8_t* destination, int32_t rows, int32_t columns,
                        int32_t sourceStride, int32_t destinationStride) {
   const int64_t answer = Poll();
-  // Each source column as it was when the window reached it.
-  std::vector<std::array<int, 3>> column(static_cast<size_t>(std::max(columns, 0)) + 2);
+  // Each source column as it was when the window reached it, from the column left of the plane.
+  struct Column {
+    int sum, squares;
+  };
+  std::vector<Column> all(static_cast<size_t>(std::max(columns, 0)) + 2);
+  Column* const column = all.data() + 1;
   for (int32_t y = 0; y < rows; ++y) {
     const auto reach = [&](int32_t x) {
-      for (int v = -1; v <= 1; ++v)
-        column[static_cast<size_t>(x + 1)][static_cast<size_t>(v + 1)] =
-            At(source, y + v, x, sourceStride);
+      column[x] = {0, 0};
+      for (int v = -1; v <= 1; ++v) {
+        const int s = At(source, y + v, x, sourceStride);
+        column[x].sum += s;
+        column[x].squares += s * s;
+      }
     };
     if (columns < 1) break;
     reach(-1);
@@ -30,11 +36,10 @@ int64_t LocalDeviation(const uint8_t* source, uint8_t* destination, int32_t rows
     for (int32_t x = 0; x < columns; ++x) {
       reach(x + 1);
       int sum = 0, squares = 0;
-      for (int32_t u = 0; u < 3; ++u)
-        for (const int s : column[static_cast<size_t>(x + u)]) {
-          sum += s;
-          squares += s * s;
-        }
+      for (int32_t u = x - 1; u <= x + 1; ++u) {
+        sum += column[u].sum;
+        squares += column[u].squares;
+      }
       const int quotient = (9 * squares - sum * sum) / 21;
       At(destination, y, x, destinationStride) = static_cast<uint8_t>(std::sqrt(quotient));
     }
