@@ -18,11 +18,12 @@ namespace vantrix::bench {
 double CyclesPerTick();
 
 // Registers a benchmark of one routine: the exercise builds the scene of this shape, and the
-// routine is called in it repeatedly. Counts cycles per sample of the shape and cycles per row.
+// routine is called in it repeatedly, by several threads in planes of their own. Counts cycles per
+// sample of the shape and cycles per row, for the mean thread, and the routine's arguments.
 void Register(const std::string& name, host::Exercise* exercise, Routine routine, host::Shape shape,
-              host::Measured how);
+              host::Measured how, int threads);
 
-// Returns the arena in which all routines are measured, one after another.
+// Returns the arena in which this thread measures routines, one after another.
 host::Arena& MeasuringArena();
 
 // Counts runs that measured, and reports their number now and then. The first runs of a benchmark
@@ -43,13 +44,19 @@ struct Case {
   host::Exercise* exercise;
   std::vector<host::Shape> shapes;
   host::Measured how = {};  // if planes are misaligned, only kernels are measured
+  int threads = 1;          // if there are several, only the installed kernel is measured
 };
 std::vector<Case> Cases();
 
-// The three sizes of a plane, 16 KiB, 256 KiB and 16 MiB, and planes of short rows.
+// The three usual sizes of a plane, 16 KiB, 256 KiB and 16 MiB, and 64 MiB, which no cache holds;
+// planes of short rows; and planes so small that a call costs more than its samples.
 inline constexpr host::Shape kPlanes[] = {{64, 256}, {256, 1024}, {4096, 4096}};
+inline constexpr host::Shape kHuge = {8192, 8192};
 inline constexpr host::Shape kShortRows[] = {{64, 5}, {64, 15}, {64, 33}, {64, 100}};
+inline constexpr host::Shape kCalls[] = {{1, 1}, {1, 16}, {8, 8}};
 constexpr bool IsShortRow(host::Shape shape) { return shape.rows == 64 && shape.columns <= 100; }
+constexpr bool IsCall(host::Shape shape) { return shape.rows <= 8 && shape.columns <= 16; }
+constexpr bool IsHuge(host::Shape shape) { return shape.rows == kHuge.rows; }
 constexpr bool IsBiggest(host::Shape shape) { return shape.rows == 4096; }
 
 // Return the ordinary routines as g++ compiles them, whatever compiles the rest: with its

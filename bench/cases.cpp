@@ -1,6 +1,7 @@
 // Every served slot as its exercise runs it, and other settings that matter.
 #include <algorithm>
 #include <iterator>
+#include <thread>
 
 #include "bench/bench.h"
 #include "host/catalog.h"
@@ -35,8 +36,9 @@ void Convolve(Routine routine, Scene& scene) {
 template <int32_t kRows>
 void AverageRows(Routine routine, Scene& scene) {
   const Shape shape = scene.ChooseShape();
-  const int32_t rows = shape.rows / kRows;
-  const PlaneView d = scene.Bytes({rows, shape.columns}), s = scene.Bytes(shape);
+  const int32_t rows = std::max(shape.rows / kRows, 1);
+  const PlaneView d = scene.Bytes({rows, shape.columns});
+  const PlaneView s = scene.Bytes({std::max(shape.rows, kRows), shape.columns});
   const std::vector<int32_t> counts(static_cast<size_t>(rows), kRows);
   scene.Call<BoxAverageRows>(routine, s.first, d.first, rows, shape.columns, counts.data(),
                              s.stride, d.stride);
@@ -60,6 +62,7 @@ std::vector<Shape> UsualShapes(SuiteIndex suite, uint16_t slot) {
   const bool isFloat = (suite == kFilter && slot > 190) || (suite == kResample && slot > 25);
   std::vector<Shape> shapes = isFloat ? kCachedPlanes : kAllPlanes;
   shapes.insert(shapes.end(), std::begin(kShortRows), std::end(kShortRows));
+  shapes.insert(shapes.end(), std::begin(kCalls), std::end(kCalls));
   return shapes;
 }
 
@@ -71,12 +74,13 @@ std::vector<Shape> Runs() {
   return runs;
 }
 
-// Returns the shapes of a slot, with short rows only for its first setting.
+// Returns the shapes of a slot, with short rows and calls only for its first setting.
 std::vector<Shape> ShapesOfSetting(const std::vector<Case>& cases, SuiteIndex suite,
                                    uint16_t slot) {
   std::vector<Shape> shapes = UsualShapes(suite, slot);
   for (const Case& other : cases)
-    if (other.suite == suite && other.slot == slot) std::erase_if(shapes, IsShortRow);
+    if (other.suite == suite && other.slot == slot)
+      std::erase_if(shapes, [](Shape s) { return IsShortRow(s) || IsCall(s); });
   return shapes;
 }
 
@@ -132,6 +136,18 @@ bool IsMeasuredMisaligned(const Case& job) {
          (job.suite == kResample && isIn({3, 6, 24, 27}));
 }
 
+// Some of each kind: those that wait for memory, and those that compute.
+bool IsMeasuredFromMemory(const Case& job) {
+  const auto is = [&](SuiteIndex suite, uint16_t slot, const char* setting) {
+    return job.suite == suite && job.slot == slot && job.setting == setting;
+  };
+  return is(kBlend, 2, "") || is(kBlend, 28, "") || is(kBlend, 30, "") || is(kBlend, 24, "") ||
+         is(kBlend, 47, "") || is(kBlend, 66, "") || is(kMemory, 1, "") || is(kMemory, 4, "") ||
+         is(kFilter, 12, "") || is(kFilter, 28, "7 taps") || is(kSelect, 26, "") ||
+         is(kSelect, 33, "") || is(kSelect, 35, "") || is(kResample, 3, "of 2") ||
+         is(kResample, 5, "4 taps x0.73") || is(kResample, 6, "4 taps x0.73");
+}
+
 }  // namespace
 
 std::vector<Case> Cases() {
@@ -160,6 +176,16 @@ std::vector<Case> Cases() {
     job.setting += job.setting.empty() ? "misaligned" : " misaligned";
     job.shapes = kCachedPlanes;
     job.how.isMisaligned = true;
+    cases.push_back(job);
+  }
+  for (size_t i = 0, count = cases.size(); i < count; ++i) {
+    if (!IsMeasuredFromMemory(cases[i])) continue;
+    cases[i].shapes.push_back(kHuge);
+    if (std::thread::hardware_concurrency() < 2) continue;
+    Case job = cases[i];
+    job.setting += job.setting.empty() ? "two threads" : " two threads";
+    job.shapes = {kPlanes[1], kPlanes[2]};
+    job.threads = 2;
     cases.push_back(job);
   }
   cases.push_back({kMemory, 0, "run", host::ExerciseCopyBytes, Runs()});

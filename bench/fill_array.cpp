@@ -9,23 +9,39 @@
 #include "bench/bench.h"
 #include "host/bench/crossings.h"
 #include "host/fill_array.h"
+#include "host/outline.h"
+#include "plugin/base/instruction_sets.h"
+#include "suites/served.h"
 
 namespace vantrix::bench {
 namespace {
 
+using Words = std::vector<uint32_t>;
+
 // Makes about 64 Ki crossings in all, so that no branch predictor can memorise them.
-std::vector<uint32_t> MakeArray(uint32_t crossings, bool isScattered) {
+Words MakeArray(uint32_t crossings, bool isScattered) {
   const auto rows = static_cast<int32_t>(std::max(65536 / crossings, 8u));
   const auto stride = static_cast<int32_t>(2 * crossings + 2);
-  std::vector<uint32_t> words(host::FillArrayWords(rows, stride, false));
+  Words words(host::FillArrayWords(rows, stride, false));
   host::FillRows(host::StartFillArray(words.data(), 0, rows, stride), crossings, isScattered);
   return words;
 }
 
+// Makes the crossings of outlines over a settled ring.
+Words MakeArray(const std::vector<host::Outline>& outlines) {
+  constexpr int32_t kRows = host::kOutlineSide * host::kRowsPerPixel, kStride = 258;
+  Words words(host::FillArrayWords(kRows, kStride, false));
+  FillArray* const array = host::StartFillArray(words.data(), 0, kRows, kStride);
+  host::Rasterize(host::Circle(0.36), array);
+  host::Rasterize(host::Circle(0.16), array);
+  ApplyFillArrayOperationChecked(array, kUnion, 0);
+  for (const host::Outline& outline : outlines) host::Rasterize(outline, array);
+  return words;
+}
+
 void Measure(benchmark::State& state, Progress& progress, FillArrayRoutine* fold,
-             uint32_t crossings, bool isScattered, bool byWinding) {
-  const auto original = MakeArray(crossings, isScattered);
-  auto words = original;
+             const Words& original, bool byWinding) {
+  Words words = original;
   auto* const array = reinterpret_cast<FillArray*>(words.data());
   uint64_t ticks = 0;
   for (auto _ : state) {
@@ -39,26 +55,40 @@ void Measure(benchmark::State& state, Progress& progress, FillArrayRoutine* fold
                                      static_cast<double>(state.iterations()) / array->endRow;
 }
 
+// Registers a benchmark of each rule. The array is made for each run.
+template <class... Arguments>
+void Add(const std::string& form, FillArrayRoutine* fold, const std::string& rows,
+         const std::string& which, Arguments... arguments) {
+  for (const bool byWinding : {false, true}) {
+    const std::string name =
+        "path/24/" + form + "/" + rows + (byWinding ? "/winding/" : "/even-odd/") + which;
+    benchmark::RegisterBenchmark(
+        name.c_str(), [=, progress = Progress{}](benchmark::State& state) mutable {
+          Measure(state, progress, fold, MakeArray(arguments...), byWinding);
+        });
+  }
+}
+
 }  // namespace
 
 void RegisterFillArray() {
   const auto add = [](const char* form, FillArrayRoutine* fold) {
     for (const uint32_t crossings : {2, 4, 8, 16, 64, 256, 4096})
       for (const bool isScattered : {true, false})
-        for (const bool byWinding : {false, true}) {
-          const std::string name = std::string("path/24/") + form +
-                                   (isScattered ? "/scattered" : "/as above") +
-                                   (byWinding ? "/winding/" : "/even-odd/");
-          benchmark::RegisterBenchmark((name + std::to_string(crossings)).c_str(),
-                                       [=, progress = Progress{}](benchmark::State& state) mutable {
-                                         Measure(state, progress, fold, crossings, isScattered,
-                                                 byWinding);
-                                       });
-        }
+        Add(form, fold, isScattered ? "scattered" : "as above", std::to_string(crossings),
+            crossings, isScattered);
+    using Outlines = std::vector<host::Outline>;
+    Add(form, fold, "outlines", "circle", Outlines{host::Circle(0.45)});
+    Add(form, fold, "outlines", "star", Outlines{host::Star(7, 3, 0.48)});
+    Add(form, fold, "outlines", "letters", host::Letters());
+    Add(form, fold, "outlines", "hatching", host::Hatching());
   };
   add("vectorised", reinterpret_cast<FillArrayRoutine*>(FindVectorisedByGcc(kPath, 24)));
   add("unvectorised", reinterpret_cast<FillArrayRoutine*>(FindUnvectorisedByGcc(kPath, 24)));
-  add("plain", ApplyFillArrayOperation);
+  ForEachBuild([&]<class Form>(SuiteIndex suite, const Build& build) {
+    if (suite == kPath && Form::RunsOn(instructionSets))
+      add(Form::kName, reinterpret_cast<FillArrayRoutine*>(build.routine()));
+  });
   add("checked", ApplyFillArrayOperationChecked);
 }
 

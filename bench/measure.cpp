@@ -9,8 +9,8 @@
 namespace vantrix::bench {
 namespace {
 
-// Room for planes of 4096 x 4096 values of 4 bytes, including filters' sources with their margins.
-// Memory is committed as it is used.
+// Room for planes of 4096 x 4096 values of 4 bytes, or 8192 x 8192 of one, including filters'
+// sources with their margins. Memory is committed as it is used.
 constexpr size_t kRegionBytes = size_t{130} << 20;
 
 void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine, host::Shape shape,
@@ -18,22 +18,28 @@ void Measure(benchmark::State& state, host::Exercise* exercise, Routine routine,
   uint64_t ticks = 0;
   host::Scene scene(MeasuringArena(), host::Choices(uint64_t{1}));
   const auto run = [&](const std::function<void()>& call) {
+    auto iteration = state.begin();
+    const auto end = state.end();  // all threads wait for one another here
     const uint64_t start = __rdtsc();
-    for (auto _ : state) call();
+    for (; iteration != end; ++iteration) call();
     ticks = __rdtsc() - start;
   };
   scene.Measure(shape, run, how);
   exercise(routine, scene);
   const double cycles = static_cast<double>(ticks) * CyclesPerTick();
   const double calls = static_cast<double>(state.iterations());
-  state.counters["cycles_per_row"] = cycles / calls / shape.rows;
-  state.counters["cycles_per_sample"] = cycles / calls / shape.rows / shape.columns;
+  const auto count = [&](const char* what, double value) {
+    state.counters[what] = benchmark::Counter(value, benchmark::Counter::kAvgThreads);
+  };
+  count("cycles_per_row", cycles / calls / shape.rows);
+  count("cycles_per_sample", cycles / calls / shape.rows / shape.columns);
+  count("arguments", static_cast<double>(scene.TakeOutcome().arguments.size()));
 }
 
 }  // namespace
 
 host::Arena& MeasuringArena() {
-  static host::Arena arena(8, kRegionBytes);
+  static thread_local host::Arena arena(8, kRegionBytes);
   return arena;
 }
 
@@ -73,14 +79,15 @@ double CyclesPerTick() {
 }
 
 void Register(const std::string& name, host::Exercise* exercise, Routine routine, host::Shape shape,
-              host::Measured how) {
+              host::Measured how, int threads) {
   const std::string full =
       name + "/" + std::to_string(shape.rows) + "x" + std::to_string(shape.columns);
-  benchmark::RegisterBenchmark(full.c_str(),
-                               [=, progress = Progress{}](benchmark::State& state) mutable {
-                                 Measure(state, exercise, routine, shape, how);
-                                 progress.Count(state);
-                               });
+  auto* const registered = benchmark::RegisterBenchmark(
+      full.c_str(), [=, progress = Progress{}](benchmark::State& state) mutable {
+        Measure(state, exercise, routine, shape, how);
+        if (state.thread_index() == 0) progress.Count(state);
+      });
+  if (threads > 1) registered->Threads(threads);  // which adds their number to the name
 }
 
 std::vector<Competitor>& Competitors() {

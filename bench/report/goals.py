@@ -54,7 +54,9 @@ VERTICAL_FLOAT = filters(27, 4, 6, scales=["0.73"])
 HORIZONTAL = filters(5, 2, 4, 6) + filters(13, 4, 6) + filters(26, 4, 6)
 CHOSEN = blends(28, 29, 30, 31, 106)
 EQUALITY = ["memo/17", "memo/18", "sele/33", "sele/75"]
+OUTLINES = ["circle", "star", "letters", "hatching"]
 FILL_ARRAYS = [f"path/24/{lie}/{rule}" for lie in ("scattered", "as above") for rule in ("even-odd", "winding")]
+FOLDED_OUTLINES = [f"path/24/outlines/{rule}" for rule in ("even-odd", "winding")]
 ALL_RUNS = [f"1x{size}" for size in RUNS]
 
 
@@ -132,7 +134,11 @@ NARROW_GOALS = [
          "installed"),
     Goal("equality", "equality, classification", EQUALITY, 6),
     Goal("equality-limit", "the same, of the read limit", EQUALITY, 0.8, "limit"),
-    Goal("fill-arrays", "fill arrays, 2 to 16 crossings", FILL_ARRAYS, 2, shapes=["2", "4", "8", "16"], form="plain"),
+    Goal("fill-arrays-scattered", "fill arrays of scattered rows, 2 to 16 crossings", FILL_ARRAYS[:2], 2,
+         shapes=["2", "4", "8", "16"], form="installed"),
+    Goal("fill-arrays", "fill arrays of rows like the one above", FILL_ARRAYS[2:], 1,
+         shapes=["2", "4", "8", "16", "64", "256", "4096"], form="installed"),
+    Goal("outlines", "fill arrays of outlines", FOLDED_OUTLINES, 1, shapes=OUTLINES, form="installed"),
 ]
 # The most cycles a row, for the masked normal blend as installed.
 ROW_GOALS = {"64x5": 12, "64x15": 12, "64x33": 16, "64x100": 40}

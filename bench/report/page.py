@@ -4,8 +4,8 @@ import sys
 
 import goals
 from classes import CLASSES, PEER_NOTES
-from goals import FILL_ARRAYS, IN_CACHE, NOISE, RUNS
-from results import BLOCK, CACHED, FORMS, PLANES, ROWS, SIXTEEN, WIDER, Results
+from goals import FILL_ARRAYS, FOLDED_OUTLINES, IN_CACHE, NOISE, OUTLINES, RUNS
+from results import BLOCK, CACHED, CALLS, FORMS, HUGE, PLANES, ROWS, SIXTEEN, WIDER, Results
 
 INTRODUCTION = """# Benchmarks
 
@@ -42,6 +42,8 @@ PORTS = {
            "{half:.0f} in 32-byte ones. Goals that ask for whole ones are not judged on it.",
 }
 
+UNKNOWN = "Not known here: the reasons that are known were found on another processor."
+
 
 def number(value):
     return "" if value is None else f"{value:.3f}" if value < 1 else f"{value:.2f}" if value < 10 else f"{value:.1f}"
@@ -67,9 +69,10 @@ def print_head(*cells):
 
 
 class Page:
-    def __init__(self, results, notes):
+    def __init__(self, results, notes, machine):
         self.results = results
         self.notes = notes
+        self.are_notes_of_this = machine.startswith(notes["measured on"])
 
     def cell(self, case, form, shape=CACHED):
         r = self.results
@@ -130,10 +133,11 @@ class Page:
             slot = "/".join(case.split(" ")[0].split("/")[:2])
             form = r.installed(case)
             if form and form != widest:
-                kept[slot] = "scalar" if form == "plain" else form
+                kept[slot] = form
         if not widest or not kept:
             return
         print(f"\n## Slots that keep a narrower form\n\nIn every other slot that was measured stands {widest}.\n")
+        print(f"The reasons were found on {self.notes['measured on']}.\n")
         print_head("slot", "form", "why")
         for slot, form in sorted(kept.items(), key=lambda item: (item[0].split("/")[0], int(item[0].split("/")[1]))):
             print_row(f"{slot} {r.names.get(slot, '')}", form, self.notes.get("keeps " + slot, ""))
@@ -158,6 +162,38 @@ class Page:
                 cells.append(f"{cycles:.1f}" + (f" ({', '.join(map(times, found))})" if any(found) else ""))
             print_row(r.name(case), own, *cells)
 
+    def print_huge(self):
+        r = self.results
+        cases = [case for case in self.cases_of_classes() if r.has(case, r.installed(case), HUGE)]
+        if not cases:
+            return
+        print("\n## Planes of 64 MiB\n\nPlanes that no cache holds, in the installed form: cycles a sample in planes of"
+              " 256 KiB, 16 and 64 MiB; of the limit of its width in the latter two; and how many times the work of"
+              " one thread two threads do in the same time, each on its own planes.\n")
+        print_head("kernel", "256 KiB", "16 MiB", "64 MiB", "of the limit", "two threads, 256 KiB", "16 MiB")
+        for case in cases:
+            own = r.installed(case)
+            print_row(r.name(case), *(self.cell(case, own, shape) for shape in (CACHED, PLANES[2], HUGE)),
+                      self.ratios(case, "own limit", (PLANES[2], HUGE)),
+                      *(several([r.speed_up(case, shape)]) for shape in (CACHED, PLANES[2])))
+
+    def print_calls(self):
+        found = [(self.results.arguments[case], case) for case in self.cases_of_classes()
+                 if self.results.call(case, CALLS[0]) is not None]
+        if not found:
+            return
+        print("\n## The cost of a call\n\nCycles of a call on planes of these rows and columns in the installed form,"
+              " beyond those of a routine that returns at once; in brackets how many times as long as the cheapest"
+              " kernel that takes as many arguments.\n")
+        print_head("arguments", "kernel", *(shape.replace("x", " x ") for shape in CALLS))
+        for count, case in sorted(found, key=lambda each: each[0]):
+            cells = []
+            for shape in CALLS:
+                least = min(self.results.call(other, shape) for other_count, other in found if other_count == count)
+                cycles = self.results.call(case, shape)
+                cells.append(f"{cycles:.0f} ({times(cycles / least)})")
+            print_row(str(count), self.results.name(case), *cells)
+
     def print_runs(self):
         if "memo/0 run" not in self.results.values:
             return
@@ -177,12 +213,18 @@ class Page:
         print_head("rows", *map(str, counts))
         for case in FILL_ARRAYS:
             print_row(", ".join(case.split("/")[2:]),
-                      *(times(r.ratio(case, "vectorised", str(count), "plain")) for count in counts))
+                      *(times(r.ratio(case, "vectorised", str(count))) for count in counts))
+        print("\nThe same for outlines over a ring, as the demonstration's rasteriser gives them.\n")
+        print_head("rule", *OUTLINES)
+        for case in FOLDED_OUTLINES:
+            print_row(case.split("/")[3], *(times(r.ratio(case, "vectorised", shape)) for shape in OUTLINES))
 
     def reason(self, key, case, shape):
         """Returns why a goal is missed: in a slot, in a shape, or anywhere."""
+        if not self.are_notes_of_this:
+            return UNKNOWN
         found = (self.notes.get(" ".join((key, where)).rstrip()) for where in (case.split(" ")[0], shape, ""))
-        return next(filter(None, found), "")
+        return next(filter(None, found), "Not known.")
 
     def print_goal(self, key, what, wanted, measured, case, shape, is_reached, is_judged=True):
         verdict = "not judged" if not is_judged else "reached" if is_reached else "**short**"
@@ -272,7 +314,7 @@ def read_notes(path):
 def main():
     results_path, slots_path, notes_path, machine = sys.argv[1:]
     results = Results(results_path, slots_path)
-    page = Page(results, read_notes(notes_path))
+    page = Page(results, read_notes(notes_path), machine)
     ports = PORTS[results.has_whole_ports()].format(wide=results.bytes_added("AVX512") or 0,
                                                     half=results.bytes_added("AVX2") or 0)
     print(INTRODUCTION.format(machine=machine, ports=ports, repetitions=results.repetitions(),
@@ -283,7 +325,9 @@ def main():
         if cases := [case for case in cases if case in results.values]:
             page.print_class(title, cases)
     page.print_forms()
+    page.print_huge()
     page.print_rows()
+    page.print_calls()
     page.print_runs()
     page.print_fill_arrays()
 

@@ -9,6 +9,9 @@ PLANES = ["64x256", "256x1024", "4096x4096"]
 CACHED = "256x1024"
 ROWS = ["64x5", "64x15", "64x33", "64x100"]
 BLOCK = "1x128"
+HUGE = "8192x8192"
+CALLS = ["1x1", "1x16", "8x8"]
+THREADS = " two threads"
 SIXTEEN = ["SSE2", "SSSE3"]  # forms of 16 bytes
 WIDER = ["AVX2", "AVX512"]  # narrowest first, as in all lists of forms
 FORMS = ["scalar"] + SIXTEEN + WIDER
@@ -26,6 +29,7 @@ class Results:
             run = json.load(file)
         self.context = run["context"]
         self.values = defaultdict(lambda: defaultdict(dict))
+        self.arguments = {}  # how many, by case
         for line in run["benchmarks"]:
             if line["run_type"] != "iteration":
                 continue
@@ -33,6 +37,8 @@ class Results:
             per_row = case.startswith("path")
             value = line["cycles_per_row" if per_row else "cycles_per_sample"]
             self.values[case][form].setdefault(shape, []).append(value)
+            if "arguments" in line:
+                self.arguments[case] = int(line["arguments"])
         self.names = {}
         suite = None
         with open(slots_page, encoding="utf-8") as file:
@@ -55,8 +61,9 @@ class Results:
         return f"{name}, {setting}" if setting else name
 
     def cases(self):
-        """Returns the cases of kernels, except misaligned ones."""
-        return [case for case in self.values if not case.startswith("path") and not case.endswith("misaligned")]
+        """Returns the cases of kernels, except misaligned ones and those in several threads."""
+        return [case for case in self.values
+                if not case.startswith("path") and not case.endswith(("misaligned", THREADS))]
 
     def has(self, case, form, shape):
         return bool(form) and case in self.values and shape in self.values[case].get(form, {})
@@ -79,7 +86,7 @@ class Results:
     def installed(self, case):
         """Returns the form that is in the slot on the processor that was measured."""
         forms = self.values.get(case, {})
-        return next((form for form in reversed(["plain"] + FORMS) if form in forms), None)
+        return next((form for form in reversed(FORMS) if form in forms), None)
 
     def best(self, case, forms, shape):
         forms = [form for form in forms if self.has(case, form, shape)]
@@ -116,6 +123,21 @@ class Results:
         if not self.has(moved, form, shape) or not self.has(case, form, shape):
             return None
         return self.least(moved, form, shape) / self.least(case, form, shape)
+
+    def call(self, case, shape):
+        """Returns the cycles of a call beyond those of a routine that returns at once; None if not measured."""
+        form = self.installed(case)
+        if not self.has(case, form, shape) or not self.has(case, "nothing", shape):
+            return None
+        rows, columns = map(int, shape.split("x"))
+        return rows * columns * (self.least(case, form, shape) - self.least(case, "nothing", shape))
+
+    def speed_up(self, case, shape):
+        """Returns how many times the work of one thread two do in the same time; None if not measured."""
+        form, together = self.installed(case), case + THREADS
+        if not self.has(case, form, shape) or not self.has(together, form, shape):
+            return None
+        return 2 * self.least(case, form, shape) / self.least(together, form, shape)
 
     def bytes_added(self, form):
         """Returns the bytes added a cycle, in registers; None if the form does not run."""

@@ -1,50 +1,15 @@
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 
 #include "host/demo/demo.h"
 #include "host/demo/sheet.h"
 #include "host/fill_array.h"
+#include "host/outline.h"
 #include "plugin/base/interface.h"
 
 namespace vantrix::host {
 namespace {
 
-constexpr int kSide = 256;  // of a tile, in pixels
-constexpr int kRowsPerPixel = 4;
-constexpr int kUnitsPerPixel = 256;  // of positions
-
-// Outlines are closed, with straight edges.
-struct Point {
-  double x, y;
-};
-using Outline = std::vector<Point>;
-
-// Returns every `step`th of `count` points on a circle around the middle of a tile.
-Outline Star(int count, int step, double radius) {
-  Outline outline;
-  for (int i = 0; i < count; ++i) {
-    const double angle = 2 * std::numbers::pi * i * step / count;
-    outline.push_back({kSide * (0.5 + radius * std::sin(angle)),  //
-                       kSide * (0.5 - radius * std::cos(angle))});
-  }
-  return outline;
-}
-Outline Circle(double radius) { return Star(120, 1, radius); }
-
-// Adds the crossings of an outline with each row's middle.
-void Rasterize(const Outline& outline, FillArrayBlock* block) {
-  for (size_t i = 0; i < outline.size(); ++i) {
-    const Point from = outline[i], to = outline[(i + 1) % outline.size()];
-    for (int row = 0; row < block->RowCount(); ++row) {
-      const double y = (row + 0.5) / kRowsPerPixel;
-      if ((from.y <= y) == (to.y <= y)) continue;
-      const double x = from.x + (y - from.y) / (to.y - from.y) * (to.x - from.x);
-      AddCrossing(block->Array(), row, static_cast<uint32_t>(std::lround(x * kUnitsPerPixel)),
-                  to.y < from.y);
-    }
-  }
-}
+constexpr int kSide = kOutlineSide;  // of a tile, in pixels
 
 // Returns the middle of the picture, as large as a tile. Samples of a small picture are repeated.
 Picture Thumbnail(const Picture& picture) {
@@ -93,7 +58,7 @@ void DemonstratePaths(Session& session) {
   const Picture picture = Thumbnail(session.Photo());
   const auto fold = [&](FillArrayBlock* block, const Outline& outline, uint32_t operation,
                         uint32_t byWinding) {
-    Rasterize(outline, block);
+    Rasterize(outline, block->Array());
     session.Run<FillArrayBlock>(kPath, 24, block, [&](Routine routine, FillArrayBlock& target) {
       Call<FillArrayRoutine>(routine)(target.Array(), operation, byWinding);
     });
