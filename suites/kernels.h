@@ -21,6 +21,10 @@ struct MemoryKernels {
   template <class Form>
   static Builds In();
 };
+struct PathKernels {
+  template <class Form>
+  static Builds In();
+};
 struct ResampleKernels {
   template <class Form>
   static Builds In();
@@ -37,14 +41,5 @@ struct PaintKernels {
     return {};
   }
 };
-// Of one form, compiled once.
-struct PathKernels {
-  template <class Form>
-  static Builds In() {
-    return {};
-  }
-};
-template <>
-Builds PathKernels::In<Scalar>();
 
 }  // namespace vantrix

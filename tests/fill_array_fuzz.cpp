@@ -19,11 +19,12 @@ std::string CompareWellFormed(host::Choices choose) {
   static host::Arena arena;
   memorySuite.live = memory;
   const host::Reference& reference = host::PathReferences()[0];
-  const bool isChecked = choose.Below(2) != 0;
-  return host::CompareRoutines(
-      reference.exercise, reference.routine,
-      AsRoutine(isChecked ? ApplyFillArrayOperationChecked : ApplyFillArrayOperation),
-      host::Scene(arena, choose));
+  for (FillArrayRoutine* const fold : FoldRoutines(choose.Below(2) != 0)) {
+    std::string difference = host::CompareRoutines(reference.exercise, reference.routine,
+                                                   AsRoutine(fold), host::Scene(arena, choose));
+    if (!difference.empty()) return difference;
+  }
+  return {};
 }
 
 }  // namespace

@@ -202,7 +202,7 @@ constexpr Stated kStated[] = {
                                                                     kVantrixSelectPropagate16),
     As<VantrixSelectClassify16, decltype(SelectClassify16<Sse2>)>(kSelect,
                                                                   kVantrixSelectClassify16),
-    As<VantrixApplyFillArrayOperation, decltype(ApplyFillArrayOperation)>(
+    As<VantrixApplyFillArrayOperation, decltype(ApplyFillArrayOperation<Sse2>)>(
         kPath, kVantrixApplyFillArrayOperation),
     As<VantrixNoiseBufferHook, decltype(NoiseBufferHook)>(kCore, kVantrixNoiseBufferHook),
 };

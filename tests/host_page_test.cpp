@@ -109,7 +109,7 @@ std::vector<std::smatch> FindAll(const std::string& text, const char* pattern) {
 
 TEST(HostPageTest, ListsEveryReportWithItsLine) {
   const std::string checks = ReadFile("suites/path/checks.cpp");
-  const std::string fold = ReadFile("suites/path/fill_array.cpp") +
+  const std::string fold = ReadFile("suites/path/fill_array.inl") +
                            ReadFile("suites/path/merge.h") + ReadFile("suites/path/debugging.cpp");
   std::set<std::string> expected;
   const auto expect = [&](int line, const std::string& message) {

@@ -8,6 +8,7 @@
 #include "suites/memory/signatures.h"
 #include "suites/path/debug.h"
 #include "suites/path/fill_array.h"
+#include "tests/builds.h"
 
 namespace vantrix {
 namespace {
@@ -262,7 +263,12 @@ PathCase ChoosePathCase(host::Choices& choose) {
   return call;
 }
 
-PathOutcome CallRoutine(const PathCase& call) {
+std::vector<FillArrayRoutine*> FoldRoutines(bool checked) {
+  static const auto plain = BuildsOf<FillArrayRoutine>(kPath, 24);
+  return checked ? std::vector<FillArrayRoutine*>{ApplyFillArrayOperationChecked} : plain;
+}
+
+PathOutcome CallRoutine(const PathCase& call, FillArrayRoutine* fold) {
   static Routine core[kSuiteFormats[kCore].savedEntries];
   static Routine memory[kSuiteFormats[kMemory].savedEntries];
   core[kHostAssert] = AsRoutine(Assert);
@@ -278,8 +284,7 @@ PathOutcome CallRoutine(const PathCase& call) {
   PathOutcome result;
   outcome = &result;
   block = words.get();
-  (call.isChecked ? ApplyFillArrayOperationChecked : ApplyFillArrayOperation)(
-      reinterpret_cast<FillArray*>(words.get()), call.operation, call.nonZeroWinding);
+  fold(reinterpret_cast<FillArray*>(words.get()), call.operation, call.nonZeroWinding);
   PathDebugEnabled = 0;
   PathDebugGuardValue = 0;
   result.words.assign(words.get(), words.get() + call.words.size());
@@ -288,8 +293,9 @@ PathOutcome CallRoutine(const PathCase& call) {
 
 PathOutcome CallModel(const PathCase& call) { return Model(call).Run(); }
 
-std::string ComparePathCase(const PathCase& call) {
-  PathOutcome expected = CallModel(call), actual = CallRoutine(call);
+namespace {
+
+std::string Compare(const PathCase& call, PathOutcome expected, PathOutcome actual) {
   // The calc buffer is scratch except its last two words.
   const auto stride = static_cast<ptrdiff_t>(call.words[5]);
   const ptrdiff_t rows = std::max<ptrdiff_t>(
@@ -307,6 +313,17 @@ std::string ComparePathCase(const PathCase& call) {
          std::to_string(call.nonZeroWinding) + "\n  block   " + Text(call.words) + "\n  expected" +
          Text(expected.words) + Text(expected.reports) + "\n  actual  " + Text(actual.words) +
          Text(actual.reports);
+}
+
+}  // namespace
+
+std::string ComparePathCase(const PathCase& call) {
+  const PathOutcome expected = CallModel(call);
+  for (FillArrayRoutine* const fold : FoldRoutines(call.isChecked)) {
+    std::string difference = Compare(call, expected, CallRoutine(call, fold));
+    if (!difference.empty()) return difference;
+  }
+  return {};
 }
 
 }  // namespace vantrix

@@ -7,11 +7,15 @@
 #include <vector>
 
 #include "host/exercise/choices.h"
+#include "suites/path/signatures.h"
 #include "tests/fake_host.h"
 
 namespace vantrix {
 
-// A call: the routine, what the host answered at start-up, the block and the arguments.
+// Returns the routines that run here: the checked one, or the plain one in every form.
+std::vector<FillArrayRoutine*> FoldRoutines(bool checked);
+
+// A call: the kind of routine, what the host answered at start-up, the block and the arguments.
 struct PathCase {
   bool isChecked = false;
   bool isDebugging = false;  // PathDebugEnabled
@@ -36,10 +40,10 @@ struct PathOutcome {
 // may exceed the room, lists may overlap, and entries may be in order or not.
 PathCase ChoosePathCase(host::Choices& choose);
 
-PathOutcome CallRoutine(const PathCase& call);
+PathOutcome CallRoutine(const PathCase& call, FillArrayRoutine* fold);
 PathOutcome CallModel(const PathCase& call);
 
-// Returns how routine and model differ, with the call; empty if they agree.
+// Returns how a routine of that kind and the model differ, with the call; empty if all agree.
 std::string ComparePathCase(const PathCase& call);
 
 }  // namespace vantrix

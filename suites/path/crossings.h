@@ -46,7 +46,7 @@ VX_INLINE Positions ResolveByParity(uint32_t* list, size_t count) {
 }
 
 // Keeps one position of each run of equal ones that is odd in length, none of a run that is even.
-inline size_t CancelEqual(uint32_t* list, size_t count) {
+VX_INLINE size_t CancelEqual(uint32_t* list, size_t count) {
   size_t kept = 0;
   for (size_t i = 0; i < count;) {
     const uint32_t position = list[i];

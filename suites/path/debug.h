@@ -14,8 +14,8 @@ extern uint32_t PathDebugGuardValue;
 
 // The source file that every report of this suite names. The texts, this
 // name and the line numbers of reports are part of the contract with hosts:
-// the lines are not those of our sources, and none of it may change.
-inline constexpr char kPathSourceFile[] = "../sources/CommonPathLoops";
+// the lines are not those of our sources, and none of it may change. Each unit has its own copy.
+constexpr char kPathSourceFile[] = "../sources/CommonPathLoops";
 
 // Flags of a report.
 inline constexpr int32_t kDebugCheck = 1;

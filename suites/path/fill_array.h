@@ -25,11 +25,13 @@ namespace vantrix {
 //
 // Works in the row and the calc buffer; the memory suite's live slot 0 copies the result back.
 // Different arrays may be folded at the same time.
+template <class Form>
 FillArrayRoutine ApplyFillArrayOperation;
 
 // The same, but also reports what looks wrong: unknown operations, odd
 // counts, entries that do not fit, what ValidateFillArray finds, and
-// guard words that changed. Serves slot 24 if the host debugs its paths.
+// guard words that changed. Serves slot 24 if the host debugs its paths. It has
+// one form.
 FillArrayRoutine ApplyFillArrayOperationChecked;
 
 // Reports rows whose pending count is too large or negative, and rows whose pending entries do not

@@ -15,14 +15,15 @@ enum MergeState : uint32_t { kInNew = 1, kInOld = 2 };
 
 // For each operation which states are covered: bit s for state s. The last one, which keeps what
 // the row held, is for every other code.
-inline constexpr uint8_t kCoveredStates[] = {0b1110, 0b0100, 0b1000, 0b0110, 0b1100};
+constexpr uint8_t kCoveredStates[] = {0b1110, 0b0100, 0b1000, 0b0110, 0b1100};
 inline constexpr uint32_t kKeepSettled = std::size(kCoveredStates) - 1;
 
-// The same as changes of coverage: bit 4 x state + toggle is set if coverage changes.
+// The same as changes of coverage: bit 4 x state + toggle is set if coverage changes. Each unit has
+// its own copy, so that it takes nothing from a unit of another form.
 struct CoverageChanges {
   uint16_t of[std::size(kCoveredStates)];
 };
-inline constexpr CoverageChanges kCoverageChanges = [] {
+constexpr CoverageChanges kCoverageChanges = [] {
   CoverageChanges changes{};
   for (uint32_t operation = 0; operation <= kKeepSettled; ++operation)
     for (uint32_t bit = 0; bit < 16; ++bit) {
@@ -40,9 +41,10 @@ struct Boundaries {
 
 // Writes the values at which coverage changes to `to`, at most `capacity`, and returns their
 // number. The smaller head, as unsigned numbers, is taken; equal heads are one value that toggles
-// both bits. When one list is used up, the rest of the other follows. A value that does not fit is
-// lost, but state and coverage go on as if it had been written. The walk then goes to the rest of
-// the settled list, and then to the rest of the added one.
+// both bits. When one list is used up, the rest of the other follows: as it toggles one bit only,
+// coverage changes at each of its values or at none. A value that does not fit is lost, but state
+// and coverage go on as if it had been written. The walk then goes to the rest of the settled list,
+// and then to the rest of the added one.
 //
 // kFits: the two counts together are at most the capacity. The word after a list may be read, and
 // the word after the result, within the capacity, may be written.
@@ -59,6 +61,20 @@ VX_INLINE size_t MergeBoundaries(Boundaries added, Boundaries settled, uint32_t 
     to[count] = value;
     count += change;
     return true;
+  };
+  const auto takeRest = [&](const uint32_t* rest, const uint32_t* end, uint32_t toggle) VX_INLINED {
+    auto taken = static_cast<size_t>(end - rest);
+    bool fits = true;
+    if ((changes >> (4 * state + toggle) & 1) != 0) {
+      const size_t room = kFits ? taken : capacity - count;
+      fits = taken <= room;
+      const size_t kept = fits ? taken : room;
+      for (size_t i = 0; i < kept; ++i) to[count + i] = rest[i];
+      count += kept;
+      if (!fits) taken = kept + 1;
+    }
+    state ^= taken % 2 * toggle;
+    return fits;
   };
 
   const uint32_t *a = added.first, *b = settled.first;
@@ -78,12 +94,8 @@ VX_INLINE size_t MergeBoundaries(Boundaries added, Boundaries settled, uint32_t 
                         "CApplyFillArrayOperation Too many entries.", 863))
       break;
   }
-  while (b < endB)
-    if (!checks.Require(take(*b++, kInOld), "CApplyFillArrayOperation Too many entries. (2)", 884))
-      break;
-  while (a < endA)
-    if (!checks.Require(take(*a++, kInNew), "CApplyFillArrayOperation Too many entries. (3)", 905))
-      break;
+  checks.Require(takeRest(b, endB, kInOld), "CApplyFillArrayOperation Too many entries. (2)", 884);
+  checks.Require(takeRest(a, endA, kInNew), "CApplyFillArrayOperation Too many entries. (3)", 905);
   return count;
 }
 

@@ -1,4 +1,4 @@
-// Sorting of crossings.
+// Sorting of crossings. No sort's steps depend on the order of the words: there is no worst case.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,14 @@
 namespace vantrix {
 
 // Sorts `count` words in ascending order. `scratch` has room for as many; its contents are lost.
-// The steps taken do not depend on the order of the words: there is no worst case.
+template <class Form>
 void SortWords(uint32_t* words, size_t count, uint32_t* scratch);
+
+// What every form has in common. A network of comparisons sorts up to 16 words.
+inline constexpr size_t kNetworkWords = 16;
+void SortByNetwork(uint32_t* words, size_t count);
+
+// Sorts by one byte after another.
+void SortByBytes(uint32_t* words, size_t count, uint32_t* scratch);
 
 }  // namespace vantrix
