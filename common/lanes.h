@@ -127,6 +127,17 @@ VX_LANE T* Below(T* row, intptr_t bytes) {
   return reinterpret_cast<T*>(reinterpret_cast<Byte*>(row) + bytes);
 }
 
+// Bytes from an address to the first boundary of kBytes bytes at it or after it, and to the first
+// one after it.
+template <int kBytes>
+VX_LANE intptr_t ToBoundary(const void* at) {
+  return -reinterpret_cast<uintptr_t>(at) & (kBytes - 1);
+}
+template <int kBytes>
+VX_LANE intptr_t ToNextBoundary(const void* at) {
+  return kBytes - static_cast<intptr_t>(reinterpret_cast<uintptr_t>(at) & (kBytes - 1));
+}
+
 // Loads and stores a row of `count` samples, shorter than a register, as
 // its first and its last kHalf bytes in one register. The two ends may
 // overlap. The bytes in both are then stored twice, with the same value.

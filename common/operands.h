@@ -86,8 +86,7 @@ struct TargetOf {
   // The first sample after sample x that lies at a kBytes-byte boundary.
   template <int kBytes>
   VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
-    const auto past = reinterpret_cast<uintptr_t>(row + x) & (kBytes - 1);
-    return x + static_cast<intptr_t>((kBytes - past) / sizeof(T));
+    return x + ToNextBoundary<kBytes>(row + x) / intptr_t{sizeof(T)};
   }
   VX_LANE TargetOf From(intptr_t x) const { return {row + x, stride}; }
   VX_LANE void NextRow() { row = Below(row, stride); }

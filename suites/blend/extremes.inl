@@ -53,7 +53,7 @@ template <class Form, class Rule>
 VX_INLINE void StoreChangedInRow(intptr_t count, Rule rule, Target to, Plane from) {
   constexpr int kWidest = Form::kBytes < kStep ? Form::kBytes : kStep;
   using Widest = Lanes<uint8_t, kWidest>;
-  const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kStoreBlock - 1);
+  const intptr_t head = ToBoundary<kStoreBlock>(to.row);
   if (count - head < kStep) return ApplyToRow(Blocks<Widest>{count}, rule, to, from);
   const intptr_t end = head + (count - head) / kStep * kStep;
   ApplyToShort(head, rule, to, from);

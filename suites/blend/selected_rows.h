@@ -85,7 +85,7 @@ inline constexpr intptr_t kWrittenBlock = 16;
 template <class Form, class Rule, class To, class... Operand>
 VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To to,
                                    Operand... from) {
-  const intptr_t head = -reinterpret_cast<uintptr_t>(to.row) & (kWrittenBlock - 1);
+  const intptr_t head = ToBoundary<kWrittenBlock>(to.row);
   const intptr_t end = head + ((count - head) & -kWrittenBlock);
   if (head > 0 && kHasMasks && underMask) {
     if constexpr (kHasMasks)

@@ -68,7 +68,7 @@ void CopyBytes(const uint8_t* source, uint8_t* destination, int32_t bytes) {
   constexpr intptr_t kBytes = sizeof(V);
   const V last = Load<V>(source + count - kBytes);
   Store(destination, Load<V>(source));
-  intptr_t x = kBytes - (reinterpret_cast<uintptr_t>(destination) & (kBytes - 1));
+  intptr_t x = ToNextBoundary<kBytes>(destination);
   for (; x + 128 <= count; x += 128)
     for (int i = 0; i < 128; i += kBytes) Store(destination + x + i, Load<V>(source + x + i));
   for (; x + kBytes <= count; x += kBytes) Store(destination + x, Load<V>(source + x));

@@ -102,11 +102,11 @@ VX_INLINE int32_t Classify16(const uint16_t* data, int32_t rows, int32_t width, 
   const bool isMixed = FoldRows(
       data, rows, rowBytes, fold,
       [=](const uint16_t* row, Fold<V>& into) VX_INLINED {
-        const intptr_t past = reinterpret_cast<uintptr_t>(row) & 15;
+        const intptr_t head = ToNextBoundary<16>(row);
         intptr_t x = 0;
-        if (past != 0) {
+        if (head < 16) {
           into.Take(Load<V>(row));
-          x = (16 - past) / 2;
+          x = head / 2;
         }
         if constexpr (sizeof(Wide) > sizeof(V)) {
           Fold<Wide> wide;
