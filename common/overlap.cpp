@@ -39,7 +39,7 @@ bool AreasOverlap(const void* a, intptr_t aStride, int64_t aRows, int64_t aBytes
   if (ColumnsAreApart(a, aStride, aBytes, b, bStride, bBytes)) return false;
   if (aStride != bStride && aStride != -bStride) return true;
   // With equal strides every row of one lies at the same distance from a row of the other.
-  const int64_t stride = aStride < 0 ? -aStride : aStride;
+  const int64_t stride = Magnitude(aStride);
   if (aBytes > stride || bBytes > stride) return true;
   const auto apart = static_cast<int64_t>(PlaneArea{b, bStride, bRows, bBytes}.Low() -
                                           PlaneArea{a, aStride, aRows, aBytes}.Low());

@@ -13,6 +13,11 @@ namespace vantrix {
 VX_INLINE int64_t AddressOf(const void* place) {
   return static_cast<int64_t>(reinterpret_cast<uintptr_t>(place));
 }
+// Widened first: the magnitude of the lowest number needs one bit more.
+template <class T>
+VX_LANE int64_t Magnitude(T stride) {
+  return stride < 0 ? -int64_t{stride} : stride;
+}
 // Bytes from the first row to the last. Wraps for more rows than memory holds.
 VX_INLINE uint64_t ReachOf(int64_t rows, int64_t stride) {
   return static_cast<uint64_t>(rows - 1) * static_cast<uint64_t>(stride);
@@ -80,9 +85,7 @@ struct PlaneArea {
   int64_t rows, bytes;
 
   // Whether rows share bytes with one another.
-  VX_INLINE bool OverlapsItself() const {
-    return rows > 1 && (stride < 0 ? -stride : stride) < bytes;
-  }
+  VX_INLINE bool OverlapsItself() const { return rows > 1 && Magnitude(stride) < bytes; }
   // The address of the lowest byte, and the one after the highest.
   VX_INLINE uint64_t Low() const { return Address() + (stride < 0 ? ReachOf(rows, stride) : 0); }
   VX_INLINE uint64_t End() const {

@@ -54,7 +54,7 @@ VX_INLINE void WriteSelectedSingly(intptr_t count, Rule rule, To to, From... fro
 template <class Rule>
 VX_INLINE bool StoresUnderMask(int32_t columns, int64_t stride) {
   constexpr int64_t kReach = 2 * 16;  // after a row's end and before the next one's start
-  return kHasMasks && (!Rule::kReadsTarget || (stride < 0 ? -stride : stride) - columns >= kReach);
+  return kHasMasks && (!Rule::kReadsTarget || Magnitude(stride) - columns >= kReach);
 }
 template <class Lanes, class Rule, class To, class... From>
 VX_INLINE void WriteSelectedLanes(Lanes lanes, Rule rule, To to, From... from) {

@@ -44,7 +44,7 @@ VX_INLINE void ForEachOutputRow(const Sample* source, Sample* destination, int32
   // after the first of them.
   const int64_t reach = taps.count > 0 ? (taps.count - int64_t{1}) * sourceStride : 0;
   const int64_t least = (reach < 0 ? reach : 0) - bytes + 1;
-  auto crossings = static_cast<uint64_t>((reach < 0 ? -reach : reach) + 2 * bytes - 1);
+  auto crossings = static_cast<uint64_t>(Magnitude(reach) + 2 * bytes - 1);
   bool areColumnsCompared = false;  // once is enough: all rows have the same strides
   for (int32_t i = 0; i < count; ++i) {
     uint8_t* const row = to + i * destinationStride;

@@ -20,7 +20,7 @@ bool EntriesAreApart(const T* priority, const T* value, int32_t lineCount, int32
                      int32_t lineStep, int32_t entryStep) {
   struct Walk {
     int64_t step, count;
-    int64_t Reach() const { return (count - 1) * (step < 0 ? -step : step); }
+    int64_t Reach() const { return (count - 1) * Magnitude(step); }
   };
   const Walk lines{lineStep, lineCount}, entries{entryStep, lineLength};
   const bool linesAreInner = lines.Reach() < entries.Reach();
@@ -28,7 +28,7 @@ bool EntriesAreApart(const T* priority, const T* value, int32_t lineCount, int32
   if (inner.step == 0 && inner.count > 1) return false;
   constexpr int64_t kSize = sizeof(T);
   const int64_t bytes = (inner.Reach() + 1) * kSize, stride = outer.step * kSize;
-  if (outer.count > 1 && (stride < 0 ? -stride : stride) < bytes) return false;
+  if (outer.count > 1 && Magnitude(stride) < bytes) return false;
   const auto areaOf = [=](const T* first) {
     return PlaneArea{first - (inner.step < 0 ? inner.Reach() : 0), static_cast<intptr_t>(stride),
                      outer.count, bytes};

@@ -93,8 +93,7 @@ VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t ro
 template <class Form>
 void SelectSpreadMark8(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   if (rows < 2) return;
-  if ((rowBytes < 0 ? -int64_t{rowBytes} : rowBytes) < width)
-    return SpreadMarksInOrder(data, rows, width, rowBytes);
+  if (Magnitude(rowBytes) < width) return SpreadMarksInOrder(data, rows, width, rowBytes);
   for (; width > 0; width -= kColumnsTogether, data += kColumnsTogether) {
     const int32_t columns = width < kColumnsTogether ? width : kColumnsTogether;
     uint8_t above[kColumnsTogether];
