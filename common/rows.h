@@ -93,24 +93,32 @@ constexpr int FewestInRegister() {
     return 2;
 }
 
-// Applies a rule one sample at a time. The units of the scalar and SSE2
-// forms have the body; those of the other forms call it, so that the library
-// has it once. So rules must have names outside their unit. Marked as used:
-// otherwise a compiler may keep only a copy made for one of its callers.
-template <class To, class Rule, class... From>
-[[gnu::noinline, gnu::used]] void ApplySingly(int32_t rows, int32_t columns, To to, Rule rule,
-                                              From... from)
+// Does work that uses no register of a form: Work{}(arguments...). The units of
+// the scalar and SSE2 forms have the body; those of the other forms call it, so
+// that the library has it once. So work and rules must have names outside their
+// unit. Marked as used: otherwise a compiler may keep only a copy made for one
+// of its callers.
+template <class Work, class... Arguments>
+[[gnu::noinline, gnu::used]] void DoShared(Arguments... arguments)
 #if !defined(__SSSE3__)
 {
-  ForEachRow(
-      rows,
-      [=](auto... planes)
-          VX_INLINED { ApplyToRow(Singly<typename To::Sample>{columns}, rule, planes...); },
-      to, from...);
+  Work{}(arguments...);
 }
 #else
     ;
 #endif
+
+// Applies a rule one sample at a time.
+struct ApplySingly {
+  template <class To, class Rule, class... From>
+  VX_INLINE void operator()(int32_t rows, int32_t columns, To to, Rule rule, From... from) const {
+    ForEachRow(
+        rows,
+        [=](auto... planes)
+            VX_INLINED { ApplyToRow(Singly<typename To::Sample>{columns}, rule, planes...); },
+        to, from...);
+  }
+};
 
 // Applies rule to `rows` rows of `columns` samples; a count below 1 touches no memory.
 //
@@ -126,7 +134,7 @@ VX_INLINE void ApplyToRows(int32_t rows, int32_t columns, To to, Rule rule, From
   };
   if ((OverlapsInPart(from, to, rows, columns) || ... || OverlapsItself(to, rows, columns)) ||
       !WithRegisters<Form, typename To::Sample, FewestInRegister<Rule>()>(columns, inRegisters))
-    ApplySingly(rows, columns, to, rule, from...);
+    DoShared<ApplySingly>(rows, columns, to, rule, from...);
 }
 
 }  // namespace vantrix

@@ -21,27 +21,23 @@ VX_INLINE Weights Copied(Weights weights, uint8_t* copy, int32_t columns) {
 }
 VX_INLINE Constant Copied(Constant constant, uint8_t*, int32_t) { return constant; }
 
-// Applies a rule one sample at a time, to each row from copies of its operands. Its body is in the
-// same units as that of ApplySingly.
-template <class Rule, class... From>
-[[gnu::noinline, gnu::used]] void ApplyToCopiedRows(int32_t rows, int32_t columns, Target to,
-                                                    Rule rule, From... from)
-#if !defined(__SSSE3__)
-{
-  uint8_t copies[sizeof...(From)][kCopiedSamples];
-  ForEachRow(
-      rows,
-      [&](Target target, auto... operands) VX_INLINED {
-        [&]<size_t... kIndex>(std::index_sequence<kIndex...>) VX_INLINED {
-          ApplyToRow(Singly<uint8_t>{columns}, rule, target,
-                     Copied(operands, copies[kIndex], columns)...);
-        }(std::index_sequence_for<From...>{});
-      },
-      to, from...);
-}
-#else
-    ;
-#endif
+// Applies a rule one sample at a time, to each row from copies of its operands.
+struct ApplyToCopiedRows {
+  template <class Rule, class... From>
+  VX_INLINE void operator()(int32_t rows, int32_t columns, Target to, Rule rule,
+                            From... from) const {
+    uint8_t copies[sizeof...(From)][kCopiedSamples];
+    ForEachRow(
+        rows,
+        [&](Target target, auto... operands) VX_INLINED {
+          [&]<size_t... kIndex>(std::index_sequence<kIndex...>) VX_INLINED {
+            ApplyToRow(Singly<uint8_t>{columns}, rule, target,
+                       Copied(operands, copies[kIndex], columns)...);
+          }(std::index_sequence_for<From...>{});
+        },
+        to, from...);
+  }
+};
 
 // As ApplyToRows, but a row of at most 4096 samples behaves as if its operands had been copied
 // before it is written. Copies are made only if rows overlap.
@@ -49,7 +45,7 @@ template <class Form, class Rule, class... From>
 VX_INLINE void ApplyToRowsAsIfCopied(int32_t rows, int32_t columns, Target to, Rule rule,
                                      From... from) {
   if (columns <= kCopiedSamples && (OverlapsInPart(from, to, rows, columns) || ...))
-    return ApplyToCopiedRows(rows, columns, to, rule, from...);
+    return DoShared<ApplyToCopiedRows>(rows, columns, to, rule, from...);
   ApplyToRows<Form>(rows, columns, to, rule, from...);
 }
 

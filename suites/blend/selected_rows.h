@@ -103,19 +103,15 @@ VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To
     WriteSelectedInShort(underMask, count - end, rule, to.From(end), from.From(end)...);
 }
 
-// One sample at a time. Its body is in the same units as that of ApplySingly.
-template <class To, class Rule, class... From>
-[[gnu::noinline, gnu::used]] void ApplyToSelectedSingly(int32_t rows, int32_t columns, To to,
-                                                        Rule rule, From... from)
-#if !defined(__SSSE3__)
-{
-  ForEachRow(
-      rows, [=](auto... row) VX_INLINED { WriteSelectedSingly(columns, rule, row...); }, to,
-      from...);
-}
-#else
-    ;
-#endif
+// One sample at a time.
+struct ApplyToSelectedSingly {
+  template <class To, class Rule, class... From>
+  VX_INLINE void operator()(int32_t rows, int32_t columns, To to, Rule rule, From... from) const {
+    ForEachRow(
+        rows, [=](auto... row) VX_INLINED { WriteSelectedSingly(columns, rule, row...); }, to,
+        from...);
+  }
+};
 
 // Applies a rule that selects samples. A count below 1 touches no memory. Operands may overlap the
 // target in any way, as with ApplyToRows.
@@ -128,7 +124,7 @@ VX_INLINE void ApplyToSelected(int32_t rows, int32_t columns, To to, Rule rule, 
         rows, [=](auto... row) VX_INLINED { work(underMask, columns, rule, row...); }, to, from...);
   };
   if (Form::kBytes == 1 || (OverlapsInPart(from, to, rows, columns) || ...))
-    return ApplyToSelectedSingly(rows, columns, to, rule, from...);
+    return DoShared<ApplyToSelectedSingly>(rows, columns, to, rule, from...);
   if constexpr (Form::kBytes > 1) {
     if (columns < kWrittenBlock)
       inEachRow([](auto... row) VX_INLINED { WriteSelectedInShort(row...); });
