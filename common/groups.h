@@ -5,6 +5,10 @@
 
 namespace vantrix {
 
+// Of a target whose unchanged bytes others may own, a group that starts at a 16-byte boundary is
+// stored or left alone as a whole.
+inline constexpr intptr_t kGroupBytes = sizeof(Group<uint8_t>);
+
 // Stores the groups in which a lane differs from before, and no others.
 template <class V, class T>
 VX_LANE void StoreChangedGroups(T* to, V before, V after) {

@@ -7,9 +7,8 @@
 
 namespace vantrix {
 
-// A block is stored or left alone as a whole. Steps are counted from the destination's boundary.
-inline constexpr intptr_t kStoreBlock = 16;
-inline constexpr intptr_t kStep = 2 * kStoreBlock;
+// Counted from the destination's boundary.
+inline constexpr intptr_t kStep = 2 * kGroupBytes;
 
 // Takes samples in order and stores those that change: right for any overlap.
 template <class Rule>
@@ -53,13 +52,13 @@ template <class Form, class Rule>
 VX_INLINE void StoreChangedInRow(intptr_t count, Rule rule, Target to, Plane from) {
   constexpr int kWidest = Form::kBytes < kStep ? Form::kBytes : kStep;
   using Widest = Lanes<uint8_t, kWidest>;
-  const intptr_t head = ToBoundary<kStoreBlock>(to.row);
+  const intptr_t head = ToBoundary<kGroupBytes>(to.row);
   if (count - head < kStep) return ApplyToRow(Blocks<Widest>{count}, rule, to, from);
   const intptr_t end = head + (count - head) / kStep * kStep;
   ApplyToShort(head, rule, to, from);
   StoreChangedSteps<Form::kBytes>(head, end, rule, to, from);
-  if (count - end >= kStoreBlock)
-    ApplyToRow(Blocks<Lanes<uint8_t, kStoreBlock>>{count, end}, rule, to, from);
+  if (count - end >= kGroupBytes)
+    ApplyToRow(Blocks<Group<uint8_t>>{count, end}, rule, to, from);
   else
     ApplyToShort(count - end, rule, to.From(end), from.From(end));
 }

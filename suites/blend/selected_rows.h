@@ -53,7 +53,7 @@ VX_INLINE void WriteSelectedSingly(intptr_t count, Rule rule, To to, From... fro
 // under masks only if rows are at least 32 bytes apart.
 template <class Rule>
 VX_INLINE bool StoresUnderMask(int32_t columns, int64_t stride) {
-  constexpr int64_t kReach = 2 * 16;  // after a row's end and before the next one's start
+  constexpr int64_t kReach = 2 * kGroupBytes;  // after a row's end and before the next one's start
   return kHasMasks && (!Rule::kReadsTarget || Magnitude(stride) - columns >= kReach);
 }
 template <class Lanes, class Rule, class To, class... From>
@@ -68,8 +68,7 @@ VX_INLINE void WriteSelectedInShort(bool underMask, intptr_t count, Rule rule, T
                                     From... from) {
   if constexpr (kHasMasks)
     if (underMask)
-      return WriteSelectedLanes(SomeLanes<Lanes<uint8_t, 16>>::FirstAfter(0, count), rule, to,
-                                from...);
+      return WriteSelectedLanes(SomeLanes<Group<uint8_t>>::FirstAfter(0, count), rule, to, from...);
   const bool isTaken =
       WithEnds<uint8_t, FewestInRegister<Rule>()>(count, [=](auto walk) VX_INLINED {
         walk.ForEach([=]<class V, int kBytes>(Ends<V, kBytes> ends) VX_INLINED {
@@ -81,24 +80,23 @@ VX_INLINE void WriteSelectedInShort(bool underMask, intptr_t count, Rule rule, T
 }
 
 // Takes a row of at least one block.
-inline constexpr intptr_t kWrittenBlock = 16;
 template <class Form, class Rule, class To, class... Operand>
 VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To to,
                                    Operand... from) {
-  const intptr_t head = ToBoundary<kWrittenBlock>(to.row);
-  const intptr_t end = head + ((count - head) & -kWrittenBlock);
+  const intptr_t head = ToBoundary<kGroupBytes>(to.row);
+  const intptr_t end = head + ((count - head) & -kGroupBytes);
   if (head > 0 && kHasMasks && underMask) {
     if constexpr (kHasMasks)
-      WriteSelectedLanes(SomeLanes<Lanes<uint8_t, 16>>::LastBefore(head, head), rule, to, from...);
+      WriteSelectedLanes(SomeLanes<Group<uint8_t>>::LastBefore(head, head), rule, to, from...);
   } else if (head > 0) {
     WriteSelectedInShort(false, head, rule, to, from...);
   }
   // Registers of 16 bytes are the blocks themselves, so none reaches back.
-  if (Form::kBytes > kWrittenBlock && end - head >= Form::kBytes)
+  if (Form::kBytes > kGroupBytes && end - head >= Form::kBytes)
     ApplyToRow(Blocks<Lanes<uint8_t, Form::kBytes>>{end, head}, rule, to, from...);
   else
-    for (intptr_t x = head; x < end; x += kWrittenBlock)
-      ApplyAt(Block<Lanes<uint8_t, kWrittenBlock>>{x}, rule, to, from...);
+    for (intptr_t x = head; x < end; x += kGroupBytes)
+      ApplyAt(Block<Group<uint8_t>>{x}, rule, to, from...);
   if (end < count)
     WriteSelectedInShort(underMask, count - end, rule, to.From(end), from.From(end)...);
 }
@@ -126,7 +124,7 @@ VX_INLINE void ApplyToSelected(int32_t rows, int32_t columns, To to, Rule rule, 
   if (Form::kBytes == 1 || (OverlapsInPart(from, to, rows, columns) || ...))
     return DoShared<ApplyToSelectedSingly>(rows, columns, to, rule, from...);
   if constexpr (Form::kBytes > 1) {
-    if (columns < kWrittenBlock)
+    if (columns < kGroupBytes)
       inEachRow([](auto... row) VX_INLINED { WriteSelectedInShort(row...); });
     else
       inEachRow([](auto... row) VX_INLINED { WriteSelectedInLong<Form>(row...); });
