@@ -10,6 +10,7 @@
 //   WeighLow, -High          d (255 - w) + r w in 16-bit lanes, from halves as for Widen
 //   InMemoryOrder            puts in memory order what Narrow made of two registers that follow one
 //                            another in memory, or, in two steps, of four
+//   NarrowInMemoryOrder      the same of two registers that follow one another, narrowed into one
 //   WidenHalf                half a register of 8-bit lanes to a register of 16-bit ones,
 //                            zero-extended, in memory order; NarrowToHalf undoes it
 //   Twice                    each lane of half a register of bytes two times, in memory order
@@ -135,19 +136,23 @@ VX_LANE TwoRegisters<V> InterleaveInMemoryOrder(V a, V b) {
   }(std::make_index_sequence<kCount>{});
 }
 
-template <class Half>
-VX_LANE auto WidenHalf(Half v) {
-  return __builtin_convertvector(v, Lanes<uint16_t, sizeof(Half)>);
+template <class V>
+VX_LANE auto NarrowInMemoryOrder(V first, V second) {
+  return InMemoryOrder(Narrow(first, second));
+}
+template <class H>
+VX_LANE auto WidenHalf(H half) {
+  return __builtin_convertvector(half, Lanes<uint16_t, sizeof(H)>);
 }
 template <class V>
 VX_LANE auto NarrowToHalf(V v) {
-  return Half<0>(InMemoryOrder(Narrow(v, v)));
+  return Half<0>(NarrowInMemoryOrder(v, v));
 }
-template <class Half>
-VX_LANE auto Twice(Half v) {
+template <class H>
+VX_LANE auto Twice(H half) {
   return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
-    return __builtin_shufflevector(v, v, int{i / 2}...);
-  }(std::make_index_sequence<2 * sizeof(Half)>{});
+    return __builtin_shufflevector(half, half, int{i / 2}...);
+  }(std::make_index_sequence<2 * sizeof(H)>{});
 }
 
 template <class V, int kBytes>

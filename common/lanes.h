@@ -57,6 +57,9 @@ using Register = Lanes<T, Form::kBytes == 1 ? 1 : Form::kBytes / int{sizeof(T)}>
 // A 16-byte group: a wider register is several of them side by side.
 template <class T>
 using Group = Lanes<T, 16 / sizeof(T)>;
+// Half a register.
+template <class V>
+using HalfOf = Lanes<LaneOf<V>, kLaneCount<V> / 2>;
 // A register of V's size, as lanes of another type.
 template <class V>
 using U8 = Lanes<uint8_t, sizeof(V)>;

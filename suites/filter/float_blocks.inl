@@ -61,7 +61,7 @@ VX_INLINE void TakeSteps(const MatrixColumns<V, kSpan>& matrix, uint32_t steps, 
     Store(output, sum);
   }
   if constexpr (kAtOnce > 1)
-    TakeSteps(MatrixColumns<decltype(Half<0>(V{})), kSpan>(matrix), steps, input, output);
+    TakeSteps(MatrixColumns<HalfOf<V>, kSpan>(matrix), steps, input, output);
 }
 
 // kHandsOver: whether the host's routine takes the rest of the inputs.

@@ -51,7 +51,7 @@ struct AveragedPairs {
     if constexpr (kIsOneSample<V>)
       return V{AverageOne(source + 2 * block.x, blocks)};
     else
-      return InMemoryOrder(Narrow(Averages<V>(block.x), Averages<V>(block.x + kLaneCount<V> / 2)));
+      return NarrowInMemoryOrder(Averages<V>(block.x), Averages<V>(block.x + kLaneCount<V> / 2));
   }
   template <class V, int kBytes>
   VX_INLINE V At(Ends<V, kBytes> place) const {
@@ -122,7 +122,7 @@ struct AveragedSums {
       return average.Of(Load<U16<V>>(from));
     else
       return average.Of(
-          InMemoryOrder(Narrow(OfPairs<V>(from), OfPairs<V>(from + kLaneCount<V> / 2))));
+          NarrowInMemoryOrder(OfPairs<V>(from), OfPairs<V>(from + kLaneCount<V> / 2)));
   }
 
   template <class V>
@@ -132,7 +132,7 @@ struct AveragedSums {
       Repeat<kGroup>([&](int i) VX_INLINED { sum += sums[kGroup * block.x + i]; });
       return V{average.Of(sum)};
     } else {
-      return InMemoryOrder(Narrow(Averages<V>(block.x), Averages<V>(block.x + kLaneCount<V> / 2)));
+      return NarrowInMemoryOrder(Averages<V>(block.x), Averages<V>(block.x + kLaneCount<V> / 2));
     }
   }
   template <class V, int kBytes>

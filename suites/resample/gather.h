@@ -10,11 +10,10 @@ namespace vantrix {
 template <class V, int kBytes = 16, class Place>
 VX_LANE V LoadGroups(Place place) {
   if constexpr (sizeof(V) > 16) {
-    using HalfOf = Lanes<LaneOf<V>, kLaneCount<V> / 2>;
-    constexpr int kGroups = sizeof(HalfOf) / 16;
-    return Join(
-        LoadGroups<HalfOf, kBytes>(place),
-        LoadGroups<HalfOf, kBytes>([=](int group) VX_INLINED { return place(kGroups + group); }));
+    constexpr int kGroups = sizeof(HalfOf<V>) / 16;
+    return Join(LoadGroups<HalfOf<V>, kBytes>(place),
+                LoadGroups<HalfOf<V>, kBytes>([=](int group)
+                                                  VX_INLINED { return place(kGroups + group); }));
   } else {
     return LoadFirst<V, kBytes>(place(0));
   }
@@ -68,9 +67,8 @@ VX_LANE V GatherPairs(Place place) {
     Repeat<kLaneCount<V>>([&](int i) VX_INLINED { pairs[i] = Load<uint16_t>(place(i)); });
     return pairs;
   } else {
-    using HalfOfV = decltype(Half<0>(V{}));
-    return Join(GatherPairs<HalfOfV>(place), GatherPairs<HalfOfV>([=](int i) VX_INLINED {
-                  return place(kLaneCount<HalfOfV> + i);
+    return Join(GatherPairs<HalfOf<V>>(place), GatherPairs<HalfOf<V>>([=](int i) VX_INLINED {
+                  return place(kLaneCount<HalfOf<V>> + i);
                 }));
   }
 }

@@ -45,12 +45,6 @@ VX_INLINE V MixPairs(V pairs, V fraction) {
   return MixWords(V(pairs & 255), V(pairs >> 8), fraction);
 }
 
-// Narrows two consecutive registers into one, in memory order.
-template <class V>
-VX_INLINE auto NarrowInOrder(V first, V second) {
-  return InMemoryOrder(Narrow(first, second));
-}
-
 // A register V of coordinates.
 template <bool kIsLinear, class V>
 struct Coordinates {
@@ -96,8 +90,8 @@ struct Line {
     const auto place = [&](int k) VX_INLINED { return source + index[k]; };
     if constexpr (kIsLinear) {
       const V result =
-          MixPairs(GatherPairs<V>(place), As<V>(NarrowInOrder(a.Fraction(), b.Fraction())));
-      Store(destination + i, Half<0>(NarrowInOrder(result, result)));
+          MixPairs(GatherPairs<V>(place), As<V>(NarrowInMemoryOrder(a.Fraction(), b.Fraction())));
+      Store(destination + i, NarrowToHalf(result));
     } else {
       Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
     }
@@ -146,16 +140,16 @@ struct Area {
                            VX_INLINED { return source + index[2 * k + 1] * stride + index[2 * k]; };
     if constexpr (kIsLinear) {
       // Fractions of x and y alternate; then they are separated.
-      const auto first = As<U32<V>>(NarrowInOrder(a.Fraction(), b.Fraction()));
-      const auto second = As<U32<V>>(NarrowInOrder(c.Fraction(), d.Fraction()));
+      const auto first = As<U32<V>>(NarrowInMemoryOrder(a.Fraction(), b.Fraction()));
+      const auto second = As<U32<V>>(NarrowInMemoryOrder(c.Fraction(), d.Fraction()));
       const auto apart = [](U32<V> low, U32<V> high) VX_INLINED {
-        return As<V>(NarrowInOrder(As<I32<V>>(low), As<I32<V>>(high)));
+        return As<V>(NarrowInMemoryOrder(As<I32<V>>(low), As<I32<V>>(high)));
       };
       const V x = apart(first & 65535, second & 65535), y = apart(first >> 16, second >> 16);
       const V above = GatherPairs<V>(place);
       const V below = GatherPairs<V>([&](int k) VX_INLINED { return place(k) + stride; });
       const V result = MixWords(MixPairs(above, x), MixPairs(below, x), y);
-      Store(destination + i, Half<0>(NarrowInOrder(result, result)));
+      Store(destination + i, NarrowToHalf(result));
     } else {
       Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
     }
@@ -172,8 +166,7 @@ VX_INLINE void SampleBlock(const Source& source, uint8_t* destination, intptr_t 
   if constexpr (sizeof(V) == 16) {
     for (int k = 0; k < kCount; ++k) source.One(destination, i + k);
   } else {
-    using HalfOfV = decltype(Half<0>(V{}));
-    for (int k = 0; k < kCount; k += kCount / 2) SampleBlock<HalfOfV>(source, destination, i + k);
+    for (int k = 0; k < kCount; k += kCount / 2) SampleBlock<HalfOf<V>>(source, destination, i + k);
   }
 }
 

@@ -30,9 +30,8 @@ VX_INLINE auto InOneGroup(Fold<V> fold) {
   if constexpr (sizeof(V) == 16) {
     return fold;
   } else {
-    using HalfOf = decltype(Half<0>(V{}));
-    return InOneGroup(
-        Fold<HalfOf>{Half<0>(fold.any) | Half<1>(fold.any), Half<0>(fold.all) & Half<1>(fold.all)});
+    return InOneGroup(Fold<HalfOf<V>>{Half<0>(fold.any) | Half<1>(fold.any),
+                                      Half<0>(fold.all) & Half<1>(fold.all)});
   }
 }
 
