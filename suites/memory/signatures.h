@@ -24,4 +24,9 @@ using BytesAllEqualRoutine = uint32_t(const uint8_t* pointer, int32_t bytes, uin
 using RectAllEqualRoutine = uint32_t(const uint8_t* pointer, int32_t rows, int32_t width,
                                      int32_t stride, uint32_t value);
 
+// The slots of the suite that kernels of other suites call.
+struct MemorySlot {
+  enum { kCopyBytes = 0, kFillBytes = 3 };
+};
+
 }  // namespace vantrix

@@ -26,7 +26,7 @@ template bool FilterOverlapping<float>(uint8_t*, const uint8_t*, intptr_t, const
 
 void CopyRow(const uint8_t* source, uint8_t* destination, int64_t bytes) {
   constexpr int64_t kPiece = INT_MAX & ~int64_t{15};
-  const auto copy = Call<CopyBytesRoutine>(memorySuite.live[0]);
+  const auto copy = Call<CopyBytesRoutine>(memorySuite.live[MemorySlot::kCopyBytes]);
   for (; bytes > INT_MAX; bytes -= kPiece, source += kPiece, destination += kPiece)
     copy(source, destination, static_cast<int32_t>(kPiece));
   copy(source, destination, static_cast<int32_t>(bytes));

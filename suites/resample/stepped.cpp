@@ -75,7 +75,8 @@ void ResampleRowsStepped8(const uint8_t* source, uint8_t* destination, int32_t r
   if (width < 1) return;
   for (int32_t y = 0; y < rows; ++y, source += sourceStride, destination += destinationStride) {
     if (rowLengths[y] == 0)
-      Call<FillBytesRoutine>(memorySuite.live[3])(destination, width, source[-3]);
+      Call<FillBytesRoutine>(memorySuite.live[MemorySlot::kFillBytes])(destination, width,
+                                                                       source[-3]);
     else
       StretchRow(source, destination, width, rowLengths[y]);
   }
