@@ -12,6 +12,7 @@
 #include <string>
 #include <type_traits>
 
+#include "common/forms.h"
 #include "host/catalog.h"
 #include "include/vantrix.h"
 #include "plugin/base/interface.h"

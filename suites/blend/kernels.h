@@ -2,7 +2,6 @@
 // in the headers that this one includes.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/blend/division.h"
 #include "suites/blend/extremes.h"
 #include "suites/blend/products.h"

@@ -2,7 +2,6 @@
 // 255 in 8 bits, 0x8000 in the host's 16 bits and 0xFFFF in the full range.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/convert/signatures.h"
 
 namespace vantrix {

@@ -1,7 +1,6 @@
 // Vertical convolution of 8-bit planes, suite filt slot 28.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/filter/signatures.h"
 
 namespace vantrix {

@@ -1,7 +1,6 @@
 // Local deviation of an 8-bit plane, suite filt slot 12.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/filter/signatures.h"
 
 namespace vantrix {

@@ -1,7 +1,6 @@
 // Sums of differences of two blocks, suite filt slots 188 and 189.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/filter/signatures.h"
 
 namespace vantrix {

@@ -1,7 +1,6 @@
 // Four-phase sliding filters on runs of floats, suite filt slots 191 to 194.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/filter/signatures.h"
 
 namespace vantrix {

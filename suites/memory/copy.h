@@ -1,7 +1,6 @@
 // Copies of bytes and rectangles, suite memo slots 0 and 1.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/memory/rect.h"
 #include "suites/memory/signatures.h"
 

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "common/forms.h"
 #include "suites/memory/copy.h"
 
 namespace vantrix {

@@ -1,7 +1,6 @@
 // Tests for one value throughout, suite memo slots 17 and 18.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/memory/rect.h"
 #include "suites/memory/signatures.h"
 

@@ -1,7 +1,6 @@
 // Fills of bytes, 16-bit values and rectangles, suite memo slots 3, 4, 65 and 66.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/memory/rect.h"
 #include "suites/memory/signatures.h"
 

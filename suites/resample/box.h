@@ -5,7 +5,6 @@
 // it is 0. Hosts rely on that. The average of one sample is the sample, that of 255s is 255.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix {

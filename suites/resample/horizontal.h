@@ -16,7 +16,6 @@
 // floats are not numbers, it is not defined which of them the sum becomes.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix {

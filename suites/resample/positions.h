@@ -10,7 +10,6 @@
 // it needs, one or two, are inside the source; else it stays as it is.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix {

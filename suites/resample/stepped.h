@@ -13,7 +13,6 @@
 // A row of length 0 is filled with the sample at -3, by the memory suite's live FillBytes.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix {

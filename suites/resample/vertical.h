@@ -13,7 +13,6 @@
 // not numbers, it is not defined which of them the sum becomes.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/resample/signatures.h"
 
 namespace vantrix {

@@ -4,7 +4,6 @@
 // Both return MaskClass::kMixed after the first row that leaves no other class possible.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/select/signatures.h"
 
 namespace vantrix {

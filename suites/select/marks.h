@@ -1,7 +1,6 @@
 // Spreading of marks, suite sele slot 26.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/select/signatures.h"
 
 namespace vantrix {

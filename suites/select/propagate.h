@@ -12,7 +12,6 @@
 // that fill no block only entries that change are stored.
 #pragma once
 
-#include "common/forms.h"
 #include "suites/select/signatures.h"
 
 namespace vantrix {
