@@ -153,14 +153,14 @@ TEST(PropagateTest, TellsEntriesThatAreApart) {
           entries.push_back(first + line * lineStep + entry * entryStep);
     std::ranges::sort(entries);
     const bool areApart = std::ranges::adjacent_find(entries) == entries.end();
-    const bool told = EntriesAreApart(priority, value, lines, length, lineStep, entryStep);
+    const bool told = EntriesAreApart(priority, value, {lineStep, lines}, {entryStep, length});
     EXPECT_LE(told, areApart) << lines << ' ' << length << ' ' << lineStep << ' ' << entryStep;
   }
   // Rows of 20 in a picture of 100, one plane beside the other or below it, along rows and down.
   for (const int to : {20, 80, 1000})
     for (const int back : {1, -1}) {
-      EXPECT_TRUE(EntriesAreApart(memory, memory + to, 20, 10, back, 100));
-      EXPECT_TRUE(EntriesAreApart(memory, memory + to, 10, 20, 100, back));
+      EXPECT_TRUE(EntriesAreApart(memory, memory + to, {back, 20}, {100, 10}));
+      EXPECT_TRUE(EntriesAreApart(memory, memory + to, {100, 10}, {back, 20}));
     }
 }
 

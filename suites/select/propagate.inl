@@ -33,9 +33,9 @@ struct TakeOver {
   }
 };
 
-// The two planes of the lines. A place is stored if an entry in it is written.
+// One entry of each line, in both planes. A place is stored if an entry in it is written.
 template <class T>
-struct LinesAt {
+struct EntriesAt {
   using Sample = T;
   static constexpr bool kIsRead = true;
   TargetOf<T> priority, value;
@@ -63,19 +63,19 @@ struct LinesAt {
 // time. If there are few, a register of lines is walked to its end before the next one: its last
 // entries stay in registers, as a load of them would wait for their store.
 template <class Form, class Rule, class T>
-VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineCount,
-                                 int32_t lineLength, int32_t entryBytes) {
-  if (lineCount < 1) return;
+VX_INLINE void PropagateTogether(Rule rule, Lines<T> lines) {
+  if (lines.count < 1) return;
+  const auto entryBytes = static_cast<int32_t>(lines.entryStep * intptr_t{sizeof(T)});
   const auto atEntry = [=](intptr_t i) VX_INLINED {
-    const intptr_t bytes = i * entryBytes;
-    return LinesAt<T>{{Below(priority, bytes), entryBytes}, {Below(value, bytes), entryBytes}};
+    const Lines<T> from = lines.FromEntry(i);
+    return EntriesAt<T>{{from.priority, entryBytes}, {from.value, entryBytes}};
   };
   constexpr int32_t kFew = 4 * kLaneCount<Register<T, Form>>;
-  if (Form::kBytes > 1 && lineCount < kFew)
-    WithBlocks<Form, T>(lineCount, [=](auto walk) VX_INLINED {
+  if (Form::kBytes > 1 && lines.count < kFew)
+    WithBlocks<Form, T>(lines.count, [=](auto walk) VX_INLINED {
       walk.ForEach([=](auto place) VX_INLINED {
         auto before = atEntry(0).At(place);
-        for (int32_t i = 1; i < lineLength; ++i) {
+        for (int32_t i = 1; i < lines.length; ++i) {
           const auto taken = rule(atEntry(i).At(place), before);
           atEntry(i).Write(place, taken);
           before = taken;
@@ -83,9 +83,9 @@ VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineC
       });
     });
   else
-    WithBlocks<Form, T>(lineCount, [=](auto walk) VX_INLINED {
+    WithBlocks<Form, T>(lines.count, [=](auto walk) VX_INLINED {
       ForEachRow(
-          lineLength - 1, [=](auto... entries) VX_INLINED { ApplyToRow(walk, rule, entries...); },
+          lines.length - 1, [=](auto... entries) VX_INLINED { ApplyToRow(walk, rule, entries...); },
           atEntry(1), atEntry(0));
     });
 }
@@ -93,14 +93,13 @@ VX_INLINE void PropagateTogether(Rule rule, T* priority, T* value, int32_t lineC
 // Walks one line after another, one entry at a time. What is carried stays in registers. Which
 // entries change cannot be predicted.
 template <class T>
-VX_INLINE void PropagateSingly(T* priority, T* value, int32_t lineCount, int32_t lineLength,
-                               intptr_t lineStep, intptr_t entryStep) {
-  for (int32_t line = 0; line < lineCount; ++line) {
-    T *p = priority + line * lineStep, *v = value + line * lineStep;
+VX_INLINE void PropagateSingly(Lines<T> lines) {
+  for (; lines.count > 0; lines = lines.After(1)) {
+    T *p = lines.priority, *v = lines.value;
     T carried = *p, carriedValue = *v;
-    for (int32_t i = 1; i < lineLength; ++i) {
-      p += entryStep;
-      v += entryStep;
+    for (int32_t i = 1; i < lines.length; ++i) {
+      p += lines.entryStep;
+      v += lines.entryStep;
       carried = static_cast<T>(carried - (carried > 1));
       const bool keeps = carried == 0 || *p > carried;
       carried = keeps ? *p : carried;
@@ -145,69 +144,61 @@ struct Tile {
   }
 };
 
-// Walks lines whose entries are adjacent in memory, forwards or backwards: tiles of entries are
-// transposed so that lines lie side by side, walked, and transposed back.
-template <class V, class T>
-VX_INLINE void PropagateInTiles(T* priority, T* value, int32_t lineCount, int32_t lineLength,
-                                intptr_t lineStep, intptr_t entryStep) {
+// Walks lines whose entries are adjacent in memory, forwards (an entry step of 1) or backwards
+// (-1): tiles of entries are transposed so that lines lie side by side, walked, and transposed
+// back.
+template <class V, bool kForwards, class T>
+VX_INLINE void PropagateInTiles(Lines<T> lines) {
   constexpr int kSide = kLaneCount<V>;
-  for (; lineCount >= kSide; lineCount -= kSide) {
+  const intptr_t lineStep = lines.lineStep;
+  for (; lines.count >= kSide; lines = lines.After(kSide)) {
     T first[2][kSide];
     for (int i = 0; i < kSide; ++i) {
-      first[0][i] = priority[i * lineStep];
-      first[1][i] = value[i * lineStep];
+      first[0][i] = lines.priority[i * lineStep];
+      first[1][i] = lines.value[i * lineStep];
     }
     Pair<V> before{Load<V>(first[0]), Load<V>(first[1])};
     intptr_t entry = 1;
-    for (; entry + kSide <= lineLength; entry += kSide) {
-      const intptr_t lowest = entryStep > 0 ? entry : -(entry + kSide - 1);
+    for (; entry + kSide <= lines.length; entry += kSide) {
+      const intptr_t lowest = kForwards ? entry : -(entry + kSide - 1);
       Tile<V> priorities, values;
-      priorities.LoadFrom(priority + lowest, lineStep);
-      values.LoadFrom(value + lowest, lineStep);
+      priorities.LoadFrom(lines.priority + lowest, lineStep);
+      values.LoadFrom(lines.value + lowest, lineStep);
       priorities.Transpose();
       values.Transpose();
 #pragma GCC unroll 16
       for (int k = 0; k < kSide; ++k) {
-        const int at = entryStep > 0 ? k : kSide - 1 - k;
+        const int at = kForwards ? k : kSide - 1 - k;
         before = TakeOver<0>{}({priorities.rows[at], values.rows[at]}, before);
         priorities.rows[at] = before.first;
         values.rows[at] = before.second;
       }
       priorities.Transpose();
       values.Transpose();
-      priorities.StoreTo(priority + lowest, lineStep);
-      values.StoreTo(value + lowest, lineStep);
+      priorities.StoreTo(lines.priority + lowest, lineStep);
+      values.StoreTo(lines.value + lowest, lineStep);
     }
     // The tail, from the last entry of the tiles on.
-    const intptr_t last = (entry - 1) * entryStep;
-    PropagateSingly(priority + last, value + last, kSide,
-                    static_cast<int32_t>(lineLength - entry + 1), lineStep, entryStep);
-    priority += kSide * lineStep;
-    value += kSide * lineStep;
+    PropagateSingly(lines.First(kSide).FromEntry(entry - 1));
   }
-  PropagateSingly(priority, value, lineCount, lineLength, lineStep, entryStep);
+  PropagateSingly(lines);
 }
 
 // Walks lines that do not lie side by side in increasing order.
 template <class Form, class T>
-VX_INLINE void PropagateApart(T* priority, T* value, int32_t lineCount, int32_t lineLength,
-                              int32_t lineStep, int32_t entryStep) {
-  // Side by side in decreasing order.
-  if (lineStep == -1) {
-    const int32_t toLast = lineCount - 1;
-    return PropagateTogether<Form>(TakeOver<0>{}, priority - toLast, value - toLast, lineCount,
-                                   lineLength, entryStep * static_cast<int32_t>(sizeof(T)));
-  }
+VX_INLINE void PropagateApart(Lines<T> lines) {
+  // Side by side in decreasing order: the last line is the lowest.
+  if (lines.lineStep == -1)
+    return PropagateTogether<Form>(TakeOver<0>{},
+                                   lines.Part(1 - lines.count, lines.count, lines.length));
   if constexpr (Form::kBytes > 1) {
     // 16 bytes in every form: if steps are powers of two, twice as many lines of both planes fall
     // into the same sets of the cache and evict one another. Measured.
     using V = Lanes<T, 16 / sizeof(T)>;
-    if (entryStep == 1)
-      return PropagateInTiles<V>(priority, value, lineCount, lineLength, lineStep, 1);
-    if (entryStep == -1)
-      return PropagateInTiles<V>(priority, value, lineCount, lineLength, lineStep, -1);
+    if (lines.entryStep == 1) return PropagateInTiles<V, true>(lines);
+    if (lines.entryStep == -1) return PropagateInTiles<V, false>(lines);
   }
-  PropagateSingly(priority, value, lineCount, lineLength, lineStep, entryStep);
+  PropagateSingly(lines);
 }
 
 }  // namespace
@@ -216,32 +207,30 @@ template <class Form>
 void SelectPropagate8(uint8_t* priority, uint8_t* value, int32_t lineCount, int32_t lineLength,
                       int32_t lineStep, int32_t entryStep) {
   if (lineCount < 1 || lineLength < 2) return;
-  if (!EntriesAreApart(priority, value, lineCount, lineLength, lineStep, entryStep))
-    return PropagateInOrder<uint8_t>(priority, value, lineCount, lineLength, lineStep, entryStep,
-                                     0);
-  if (lineStep == 1)
-    PropagateTogether<Form>(TakeOver<0>{}, priority, value, lineCount, lineLength, entryStep);
+  const Lines<uint8_t> lines{priority, value, lineCount, lineLength, lineStep, entryStep};
+  if (!EntriesAreApart(lines))
+    PropagateInOrder<uint8_t>(lines, 0);
+  else if (lineStep == 1)
+    PropagateTogether<Form>(TakeOver<0>{}, lines);
   else
-    PropagateApart<Form>(priority, value, lineCount, lineLength, lineStep, entryStep);
+    PropagateApart<Form>(lines);
 }
 
 template <class Form>
 void SelectPropagate16(uint16_t* priority, uint16_t* value, int32_t lineCount, int32_t lineLength,
                        int32_t lineStep, int32_t entryStep) {
   if (lineCount < 1 || lineLength < 2) return;
-  const int32_t lineEntries = lineStep >> 1, entries = entryStep >> 1;
-  const int32_t grouped = lineEntries == 1 ? lineCount & ~7 : 0, left = lineCount - grouped;
-  if (!EntriesAreApart(priority, value, lineCount, lineLength, lineEntries, entries)) {
-    PropagateInOrder<uint16_t>(priority, value, grouped, lineLength, lineEntries, entries, 0x8000);
-    return PropagateInOrder<uint16_t>(priority + grouped, value + grouped, left, lineLength,
-                                      lineEntries, entries, 0);
+  const Lines<uint16_t> lines{priority,   value,         lineCount,
+                              lineLength, lineStep >> 1, entryStep >> 1};
+  const int32_t left = lines.lineStep == 1 ? lineCount & 7 : lineCount, grouped = lineCount - left;
+  const Lines<uint16_t> groups = lines.First(grouped), rest = lines.After(grouped);
+  if (!EntriesAreApart(lines)) {
+    PropagateInOrder<uint16_t>(groups, 0x8000);
+    return PropagateInOrder<uint16_t>(rest, 0);
   }
-  if (lineEntries != 1)
-    return PropagateApart<Form>(priority, value, lineCount, lineLength, lineEntries, entries);
-  const int32_t entryBytes = entries * 2;
-  PropagateTogether<Form>(TakeOver<0x8000>{}, priority, value, grouped, lineLength, entryBytes);
-  PropagateTogether<Form>(TakeOver<0>{}, priority + grouped, value + grouped, left, lineLength,
-                          entryBytes);
+  if (lines.lineStep != 1) return PropagateApart<Form>(lines);
+  PropagateTogether<Form>(TakeOver<0x8000>{}, groups);
+  PropagateTogether<Form>(TakeOver<0>{}, rest);
 }
 
 }  // namespace vantrix
