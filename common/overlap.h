@@ -10,8 +10,8 @@
 
 namespace vantrix {
 
-VX_INLINE int64_t AddressOf(const void* place) {
-  return static_cast<int64_t>(reinterpret_cast<uintptr_t>(place));
+VX_INLINE int64_t AddressOf(const void* at) {
+  return static_cast<int64_t>(reinterpret_cast<uintptr_t>(at));
 }
 // Widened first: the magnitude of the lowest number needs one bit more.
 template <class T>
@@ -84,8 +84,7 @@ struct PlaneArea {
   intptr_t stride;
   int64_t rows, bytes;
 
-  // Whether rows share bytes with one another.
-  VX_INLINE bool OverlapsItself() const { return rows > 1 && Magnitude(stride) < bytes; }
+  VX_INLINE bool RowsShareBytes() const { return rows > 1 && Magnitude(stride) < bytes; }
   // The address of the lowest byte, and the one after the highest.
   VX_INLINE uint64_t Low() const { return Address() + (stride < 0 ? ReachOf(rows, stride) : 0); }
   VX_INLINE uint64_t End() const {

@@ -115,9 +115,9 @@ TEST(OverlapTest, TellsTilesOfAnyStrideApart) {
   const PlaneArea tile{PlaceAt(0), 32, 20, 12}, row{PlaceAt(320 + 12), 7, 1, 20};
   EXPECT_FALSE(Overlap(tile, row));
   EXPECT_FALSE(Overlap(row, tile));
-  EXPECT_TRUE((PlaneArea{PlaceAt(0), -7, 2, 8}.OverlapsItself()));
-  EXPECT_FALSE((PlaneArea{PlaceAt(0), -8, 2, 8}.OverlapsItself()));
-  EXPECT_FALSE((PlaneArea{PlaceAt(0), 0, 1, 8}.OverlapsItself()));
+  EXPECT_TRUE((PlaneArea{PlaceAt(0), -7, 2, 8}.RowsShareBytes()));
+  EXPECT_FALSE((PlaneArea{PlaceAt(0), -8, 2, 8}.RowsShareBytes()));
+  EXPECT_FALSE((PlaneArea{PlaceAt(0), 0, 1, 8}.RowsShareBytes()));
 }
 
 TEST(OverlapTest, CountsAnyNumberOfRows) {

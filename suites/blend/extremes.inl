@@ -20,13 +20,13 @@ VX_INLINE void ApplyInOrder(intptr_t count, Rule rule, Target to, Plane from) {
 }
 
 template <class V, class Rule>
-VX_INLINE void StoreChanged(Block<V> block, Rule rule, Target to, Plane from) {
+VX_INLINE void ApplyToBlock(Block<V> block, Rule rule, Target to, Plane from) {
   const V before = to.At(block);
   StoreChangedGroups(to.row + block.x, before, rule(before, from.At(block)));
 }
 // Two registers with one test: mostly both change or neither does.
 template <class V, class Rule>
-VX_INLINE void StoreChanged(Block<V> block, Block<V> next, Rule rule, Target to, Plane from) {
+VX_INLINE void ApplyToBlocks(Block<V> block, Block<V> next, Rule rule, Target to, Plane from) {
   const V before = to.At(block), nextBefore = to.At(next);
   const V after = rule(before, from.At(block)), nextAfter = rule(nextBefore, from.At(next));
   if (AllSet((after == before) & (nextAfter == nextBefore))) return;
@@ -36,27 +36,27 @@ VX_INLINE void StoreChanged(Block<V> block, Block<V> next, Rule rule, Target to,
 
 // Takes samples x to `end`, whole steps, in registers of kBytes bytes, then of half of that.
 template <int kBytes, class Rule>
-VX_INLINE void StoreChangedSteps(intptr_t x, intptr_t end, Rule rule, Target to, Plane from) {
+VX_INLINE void ApplyToSteps(intptr_t x, intptr_t end, Rule rule, Target to, Plane from) {
   using V = Lanes<uint8_t, kBytes>;
   for (; x + 2 * kBytes <= end; x += 2 * kBytes)
-    StoreChanged(Block<V>{x}, Block<V>{x + kBytes}, rule, to, from);
+    ApplyToBlocks(Block<V>{x}, Block<V>{x + kBytes}, rule, to, from);
   if constexpr (kBytes > kStep) {
-    StoreChangedSteps<kBytes / 2>(x, end, rule, to, from);
+    ApplyToSteps<kBytes / 2>(x, end, rule, to, from);
   } else if constexpr (kBytes == kStep) {
-    if (x < end) StoreChanged(Block<V>{x}, rule, to, from);
+    if (x < end) ApplyToBlock(Block<V>{x}, rule, to, from);
   }
 }
 
 // Takes a row of at least one step.
 template <class Form, class Rule>
-VX_INLINE void StoreChangedInRow(intptr_t count, Rule rule, Target to, Plane from) {
+VX_INLINE void ApplyToLong(intptr_t count, Rule rule, Target to, Plane from) {
   constexpr int kWidest = Form::kBytes < kStep ? Form::kBytes : kStep;
   using Widest = Lanes<uint8_t, kWidest>;
   const intptr_t head = ToBoundary<kGroupBytes>(to.row);
   if (count - head < kStep) return ApplyToRow(Blocks<Widest>{count}, rule, to, from);
   const intptr_t end = head + (count - head) / kStep * kStep;
   ApplyToShort(head, rule, to, from);
-  StoreChangedSteps<Form::kBytes>(head, end, rule, to, from);
+  ApplyToSteps<Form::kBytes>(head, end, rule, to, from);
   if (count - end >= kGroupBytes)
     ApplyToRow(Blocks<Group<uint8_t>>{count, end}, rule, to, from);
   else
@@ -80,7 +80,7 @@ void ChangedBlocks(const uint8_t* source, uint8_t* destination, int32_t rows, in
   if (Form::kBytes == 1 || OverlapsInPart(plane, target, rows, columns))
     return inEachRow([](auto... row) VX_INLINED { ApplyInOrder(row...); });
   if constexpr (Form::kBytes > 1)
-    inEachRow([](auto... row) VX_INLINED { StoreChangedInRow<Form>(row...); });
+    inEachRow([](auto... row) VX_INLINED { ApplyToLong<Form>(row...); });
 }
 
 }  // namespace vantrix

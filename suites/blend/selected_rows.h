@@ -1,8 +1,8 @@
 // Rows in which a rule selects samples and leaves the others alone: their bytes may belong to
 // another thread, or lie on a page that must not be written.
 //
-// In the blocks of 16 that start at the target's first 16-byte boundary, all samples may
-// be written. Before and after these blocks only selected samples are written.
+// In the groups of 16 that start at the target's first 16-byte boundary, all samples may
+// be written. Before and after these groups only selected samples are written.
 #pragma once
 
 #include "common/changed.h"
@@ -56,8 +56,8 @@ VX_INLINE bool StoresUnderMask(int32_t columns, int64_t stride) {
   constexpr int64_t kReach = 2 * kGroupBytes;  // after a row's end and before the next one's start
   return kHasMasks && (!Rule::kReadsTarget || Magnitude(stride) - columns >= kReach);
 }
-template <class Lanes, class Rule, class To, class... From>
-VX_INLINE void WriteSelectedLanes(Lanes lanes, Rule rule, To to, From... from) {
+template <class V, class Rule, class To, class... From>
+VX_INLINE void WriteSelectedLanes(SomeLanes<V> lanes, Rule rule, To to, From... from) {
   lanes.StoreWhere(SelectsAt(lanes, rule, to, from...), to.row,
                    SelectedAt(lanes, rule, to, from...));
 }
@@ -79,10 +79,10 @@ VX_INLINE void WriteSelectedInShort(bool underMask, intptr_t count, Rule rule, T
   if (!isTaken) WriteSelectedSingly(count, rule, to, from...);
 }
 
-// Takes a row of at least one block.
-template <class Form, class Rule, class To, class... Operand>
+// Takes a row of at least one group.
+template <class Form, class Rule, class To, class... Source>
 VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To to,
-                                   Operand... from) {
+                                   Source... from) {
   const intptr_t head = ToBoundary<kGroupBytes>(to.row);
   const intptr_t end = head + ((count - head) & -kGroupBytes);
   if (head > 0 && kHasMasks && underMask) {
@@ -91,7 +91,7 @@ VX_INLINE void WriteSelectedInLong(bool underMask, intptr_t count, Rule rule, To
   } else if (head > 0) {
     WriteSelectedInShort(false, head, rule, to, from...);
   }
-  // Registers of 16 bytes are the blocks themselves, so none reaches back.
+  // Registers of 16 bytes are the groups themselves, so none reaches back.
   if (Form::kBytes > kGroupBytes && end - head >= Form::kBytes)
     ApplyToRow(Blocks<Lanes<uint8_t, Form::kBytes>>{end, head}, rule, to, from...);
   else

@@ -1,8 +1,8 @@
 // Copies under a mask with a hard edge, suite blnd slots 30, 31 and 106.
 //
-// A sample is selected or not; there is no mixing. In the blocks of 16 that start at the
+// A sample is selected or not; there is no mixing. In the groups of 16 that start at the
 // destination's first 16-byte boundary every sample may be written, those not selected with their
-// own value. Before and after these blocks only selected samples are written.
+// own value. Before and after these groups only selected samples are written.
 //
 // A source or mask may be the destination itself, or overlap it in any way.
 #pragma once

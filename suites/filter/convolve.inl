@@ -80,10 +80,10 @@ struct TapCount {
 
 // Takes source rows one at a time: row i of the window has
 // weight i - j in output row j. Right for any weights.
-template <class Count, class Weights>
+template <class Count, class WeightsInLanes>
 struct RowByRow {
   Count taps;
-  Weights weights;
+  WeightsInLanes weights;
 
   template <int kRows, class Place>
   VX_INLINE void Convolve(WindowPlanes planes, Place place) const {
@@ -305,7 +305,7 @@ void FilterConvolveVertical8(const uint8_t* source, uint8_t* destination, uint32
                             rows,
                             columns};
   const PlaneArea target{destination, destinationStride, rows, columns};
-  if (target.OverlapsItself() ||
+  if (target.RowsShareBytes() ||
       Overlap({planes.top, sourceStride, rows + int64_t{taps} - (taps > 0), columns}, target))
     ConvolveRowByRow<Form>(planes, taps, kernel->weights);
   else

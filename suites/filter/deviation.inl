@@ -138,7 +138,7 @@ int64_t FilterLocalDeviation8(const uint8_t* source, uint8_t* destination, int32
   };
   const PlaneArea target{destination, destinationStride, rows, columns};
   if (Form::kBytes > 1 &&
-      (target.OverlapsItself() ||
+      (target.RowsShareBytes() ||
        Overlap({source - sourceStride - 1, sourceStride, rows + int64_t{2}, columns + int64_t{2}},
                target)))
     deviate(Singly<uint16_t>{columns});

@@ -71,9 +71,9 @@ struct MeanOfTwo {
 };
 
 // A function for each operand: in one function they would need more registers than there are.
-template <class Form, class Operand>
-[[gnu::noinline]] void WriteRows(int32_t rows, int32_t width, Output output, Operand operand) {
-  ApplyToRows<Form>(rows, width, output, AsItIs{}, operand);
+template <class Form, class From>
+[[gnu::noinline]] void WriteRows(int32_t rows, int32_t width, Output output, From from) {
+  ApplyToRows<Form>(rows, width, output, AsItIs{}, from);
 }
 
 template <class Form>

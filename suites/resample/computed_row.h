@@ -35,9 +35,9 @@ struct AsItIs {
 };
 
 // Writes the samples of an operand to one row, by a walk of common/blocks.h.
-template <class Walk, class Operand>
-VX_INLINE void WriteRow(Walk walk, uint8_t* row, Operand operand) {
-  ApplyToRow(walk, AsItIs{}, Output{{row, 0}}, operand);
+template <class Walk, class From>
+VX_INLINE void WriteRow(Walk walk, uint8_t* row, From from) {
+  ApplyToRow(walk, AsItIs{}, Output{{row, 0}}, from);
 }
 
 }  // namespace vantrix

@@ -22,7 +22,7 @@ namespace vantrix {
 
 // The lists are turned into a plan of the columns once for many rows
 // (suites/resample/column_plan.h). Samples are fetched by the form's first
-// access that serves a stretch of columns. A call that does not suit a plan
+// access that serves a chunk of columns. A call that does not suit a plan
 // (more taps than fit, a source of a few samples, 0 or 1 taps) goes to the
 // narrower form's build; the narrowest takes it one sample at a time.
 template <class Sample, class Form>

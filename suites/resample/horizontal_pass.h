@@ -6,8 +6,8 @@
 
 namespace vantrix {
 
-// A stretch of columns that is shorter than a row is planned once for this many rows: enough to
-// make planning cheap, few enough for their samples to stay in the cache until the next stretch.
+// A chunk of columns that is shorter than a row is planned once for this many rows: enough to
+// make planning cheap, few enough for their samples to stay in the cache until the next chunk.
 inline constexpr uint32_t kRowsAPlan = 128;
 // 32 KiB, of the host's stack.
 inline constexpr int32_t kPlanWords = 8192;
@@ -16,7 +16,7 @@ inline constexpr int32_t kPlanWords = 8192;
 template <class Sample>
 inline constexpr int kRowsAtOnce = sizeof(Sample) == 1 ? 2 : 4;
 // Planes of more bytes come from memory. The next rows of 8-bit samples are prefetched then: each
-// stretch of a row is on pages of its own, where the processor's own prefetching starts anew. In
+// chunk of a row is on pages of its own, where the processor's own prefetching starts anew. In
 // cache that costs time, and with larger samples it gained too little. Measured.
 inline constexpr int64_t kFarBytes = 8 << 20;
 inline constexpr intptr_t kCacheLine = 64;
@@ -37,7 +37,7 @@ struct HorizontalCall {
 
   VX_INLINE bool Overlaps(int64_t sampleBytes) const {
     const PlaneArea target{destination, destinationStride, rows, width * sampleBytes};
-    return target.OverlapsItself() || Overlap({source, sourceStride, rows, span.bytes}, target);
+    return target.RowsShareBytes() || Overlap({source, sourceStride, rows, span.bytes}, target);
   }
 };
 
@@ -59,7 +59,7 @@ struct HorizontalPass : HorizontalCall {
     T of[kRows];
   };
   // Blocks `first` to `end` (not included), and the loose sets after the last block of a row.
-  struct Stretch {
+  struct Chunk {
     int32_t first, end, looseSets;
   };
 
@@ -130,12 +130,12 @@ struct HorizontalPass : HorizontalCall {
 
   // Returns false if the access does not serve one of the sets.
   template <class Access>
-  VX_INLINE bool PlanColumns(uint32_t* words, Stretch stretch) const {
+  VX_INLINE bool PlanColumns(uint32_t* words, Chunk chunk) const {
     if (!SpanHoldsUnits<Access>()) return false;
-    const int32_t inBlocks = (stretch.end - stretch.first) * kSets;
-    for (int32_t set = 0; set < inBlocks + stretch.looseSets; ++set, words += SetWords<Access>()) {
+    const int32_t inBlocks = (chunk.end - chunk.first) * kSets;
+    for (int32_t set = 0; set < inBlocks + chunk.looseSets; ++set, words += SetWords<Access>()) {
       const intptr_t x = set < inBlocks
-                             ? BlockAt(stretch.first + set / kSets) + set % kSets * kColumns
+                             ? BlockAt(chunk.first + set / kSets) + set % kSets * kColumns
                              : LooseSetAt(set - inBlocks);
       if (!PlanSet<Access>(words, x)) return false;
     }
@@ -202,8 +202,7 @@ struct HorizontalPass : HorizontalCall {
   }
 
   template <class Access, int kTaps>
-  VX_INLINE void WeighRows(const uint32_t* plan, uint32_t row, uint32_t endRow,
-                           Stretch stretch) const {
+  VX_INLINE void WeighRows(const uint32_t* plan, uint32_t row, uint32_t endRow, Chunk chunk) const {
     const int32_t setWords = SetWords<Access, kTaps>();
     const bool isFar = kSize == 1 && span.bytes + width > kFarBytes / rows;
     for (; row < endRow; row += (endRow - row > kRows) ? kRows : endRow - row) {
@@ -215,13 +214,13 @@ struct HorizontalPass : HorizontalCall {
         to.of[r] = destination + intptr_t{y} * destinationStride;
       }
       const uint32_t* words = plan;
-      for (int32_t block = stretch.first; block < stretch.end; ++block, words += kSets * setWords) {
+      for (int32_t block = chunk.first; block < chunk.end; ++block, words += kSets * setWords) {
         if (isFar) PrefetchBlock(from, to, block, words[0], words[(kSets - 1) * setWords]);
         WeighSets<Access, kTaps, kSets>(from, words, [&](int r, U8<S> samples) VX_INLINED {
           Store(to.of[r] + BlockAt(block) * kSize, samples);
         });
       }
-      for (int32_t set = 0; set < stretch.looseSets; ++set, words += setWords)
+      for (int32_t set = 0; set < chunk.looseSets; ++set, words += setWords)
         WeighSets<Access, kTaps, 1>(from, words, [&](int r, U8<S> samples) VX_INLINED {
           if (kColumns == 4 && outputWidth < kColumns)
             StoreEnds<2 * kSize>(reinterpret_cast<Sample*>(to.of[r]), outputWidth, samples);
@@ -247,16 +246,15 @@ struct HorizontalPass : HorizontalCall {
     const uint32_t mostRows = blocks > mostBlocks ? kRowsAPlan : rows;
     for (uint32_t row = 0, endRow; row < rows; row = endRow) {
       endRow = rows - row > mostRows ? row + mostRows : rows;
-      Stretch stretch{0, 0, 0};
+      Chunk chunk{0, 0, 0};
       do {
-        const bool isLast = blocks - stretch.first <= mostBlocks;
-        stretch.end = isLast ? blocks : stretch.first + mostBlocks;
-        stretch.looseSets = isLast ? LooseSets() : 0;
+        const bool isLast = blocks - chunk.first <= mostBlocks;
+        chunk.end = isLast ? blocks : chunk.first + mostBlocks;
+        chunk.looseSets = isLast ? LooseSets() : 0;
         const auto resample = [&]<class Access>(Access*) VX_INLINED {
-          if (!PlanColumns<Access>(plan, stretch)) return false;
-          const auto weigh = [&]<int kTaps>(std::integral_constant<int, kTaps>) VX_INLINED {
-            WeighRows<Access, kTaps>(plan, row, endRow, stretch);
-          };
+          if (!PlanColumns<Access>(plan, chunk)) return false;
+          const auto weigh = [&]<int kTaps>(std::integral_constant<int, kTaps>)
+                                 VX_INLINED { WeighRows<Access, kTaps>(plan, row, endRow, chunk); };
           if constexpr (!std::is_same_v<Access, ByGather> || sizeof(S) == 16 || sizeof(Sample) == 4)
             WithTapCount(taps.count, weigh);
           else
@@ -264,8 +262,8 @@ struct HorizontalPass : HorizontalCall {
           return true;
         };
         (void)(resample(static_cast<Accesses*>(nullptr)) || ...);
-        stretch.first = stretch.end;
-      } while (stretch.end < blocks);
+        chunk.first = chunk.end;
+      } while (chunk.end < blocks);
     }
   }
 };
