@@ -20,17 +20,17 @@ VX_LANE uint32_t Choose(bool first, uint32_t a, uint32_t b) {
 #endif
 }
 
-// Stores a sample at `place` if isStored, else into a variable that nobody reads. The variable's
+// Stores a sample in `to` if isStored, else into a variable that nobody reads. The variable's
 // address is hidden: a compiler that knows that nobody reads it makes a branch of the choice.
 template <class T>
-VX_LANE void StoreIf(bool isStored, T* place, T sample) {
+VX_LANE void StoreIf(bool isStored, T* to, T sample) {
   T aside;
   T* elsewhere = &aside;
   asm("" : "+r"(elsewhere));
 #if defined(__clang__)
-  *(__builtin_unpredictable(isStored) ? place : elsewhere) = sample;
+  *(__builtin_unpredictable(isStored) ? to : elsewhere) = sample;
 #else
-  *(isStored ? place : elsewhere) = sample;
+  *(isStored ? to : elsewhere) = sample;
 #endif
 }
 

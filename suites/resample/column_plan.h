@@ -1,4 +1,4 @@
-// The plan of the horizontal pass: what the rows of a stretch of columns share.
+// The plan of the horizontal pass: what the rows of a chunk of columns share.
 //
 // A unit is what one output column takes at once into a 32-bit lane: two or four 8-bit taps, two
 // 16-bit taps or one float. As many neighbouring columns as a register has such lanes are a set.
@@ -8,9 +8,9 @@
 //   plan  | set of columns 0 and on | set of the next columns | ...          | set |
 //                                                                              the last one
 //                                                                              reaches back
-//   set   | where | places | start | weights of unit 0 | of unit 1 | ...
-//           |       |        |       as the rule prepares them: one register or two
-//           |       |        what sums start with, if the rule needs it
+//   set   | where | indices | start | weights of unit 0 | of unit 1 | ...
+//           |       |         |       as the rule prepares them: one register or two
+//           |       |         what sums start with, if the rule needs it
 //           |       where in its window each column's first unit is, if the access has windows
 //           how many bytes after the start of the span the column, or its window, starts
 //
@@ -58,16 +58,16 @@ VX_INLINE Gathered<S, 2> GatherWeights(Taps taps, const uint32_t* bases, I32<S> 
   if (!isLed && rest == 2) return {Gather<S, 1>(table + 2 * k, bases).units[0], S{}};
   constexpr int kColumns = kLaneCount<S>;
   uint16_t weights[4 * kColumns];
-  uint32_t places[kColumns];
+  uint32_t at[kColumns];
   int32_t first[kColumns];
   Store(first, leads);
 #pragma GCC unroll 1
   for (int i = 0; i < 4 * kColumns; ++i) {
     const int32_t tap = k + i % 4 - first[i / 4];
     weights[i] = tap >= 0 && tap < taps.count ? Load<uint16_t>(table + bases[i / 4] + 2 * tap) : 0;
-    places[i / 4] = static_cast<uint32_t>(i / 4 * 8);
+    at[i / 4] = static_cast<uint32_t>(i / 4 * 8);
   }
-  return Gather<S, 2>(reinterpret_cast<const uint8_t*>(weights), places);
+  return Gather<S, 2>(reinterpret_cast<const uint8_t*>(weights), at);
 }
 
 // An access fetches the units of a set, with the first kRegisters registers of its plan.
@@ -110,7 +110,7 @@ struct ByGather {
 // Picks all columns' units from a window (suites/resample/windows.h), if the
 // columns are close enough together. A window has a few units of each column
 // (`held`), which are adjacent. Then the window moves on by that many units,
-// the last time by fewer; the columns' places in it stay the same.
+// the last time by fewer; the columns' indices in it stay the same.
 template <class Window>
 struct ByWindow {
   static constexpr int kRegisters = 1 + Window::kRegisters;

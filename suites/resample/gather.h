@@ -6,16 +6,17 @@
 
 namespace vantrix {
 
-// Returns a register whose group i is loaded from place(i): kBytes bytes (16, 8 or 4), then zeros.
-template <class V, int kBytes = 16, class Place>
-VX_LANE V LoadGroups(Place place) {
+// Returns a register whose group i is loaded from address(i): kBytes bytes (16, 8 or 4), then
+// zeros.
+template <class V, int kBytes = 16, class Address>
+VX_LANE V LoadGroups(Address address) {
   if constexpr (sizeof(V) > 16) {
     constexpr int kGroups = sizeof(HalfOf<V>) / 16;
-    return Join(LoadGroups<HalfOf<V>, kBytes>(place),
+    return Join(LoadGroups<HalfOf<V>, kBytes>(address),
                 LoadGroups<HalfOf<V>, kBytes>([=](int group)
-                                                  VX_INLINED { return place(kGroups + group); }));
+                                                  VX_INLINED { return address(kGroups + group); }));
   } else {
-    return LoadFirst<V, kBytes>(place(0));
+    return LoadFirst<V, kBytes>(address(0));
   }
 }
 // Returns a register with the same 16 bytes in each group.
@@ -59,16 +60,16 @@ VX_LANE Gathered<S, kCount> Gather(const uint8_t* base, const uint32_t* at) {
   }
 }
 
-// Loads two bytes from each of as many addresses as V has 16-bit lanes: place(i) is lane i's.
-template <class V, class Place>
-VX_LANE V GatherPairs(Place place) {
+// Loads two bytes from each of as many addresses as V has 16-bit lanes: address(i) is lane i's.
+template <class V, class Address>
+VX_LANE V GatherPairs(Address address) {
   if constexpr (sizeof(V) == 16) {
     V pairs{};
-    Repeat<kLaneCount<V>>([&](int i) VX_INLINED { pairs[i] = Load<uint16_t>(place(i)); });
+    Repeat<kLaneCount<V>>([&](int i) VX_INLINED { pairs[i] = Load<uint16_t>(address(i)); });
     return pairs;
   } else {
-    return Join(GatherPairs<HalfOf<V>>(place), GatherPairs<HalfOf<V>>([=](int i) VX_INLINED {
-                  return place(kLaneCount<HalfOf<V>> + i);
+    return Join(GatherPairs<HalfOf<V>>(address), GatherPairs<HalfOf<V>>([=](int i) VX_INLINED {
+                  return address(kLaneCount<HalfOf<V>> + i);
                 }));
   }
 }

@@ -87,13 +87,13 @@ struct Line {
     alignas(V) int32_t index[kCount];
     Store(index, a.Index());
     Store(index + kCount / 2, b.Index());
-    const auto place = [&](int k) VX_INLINED { return source + index[k]; };
+    const auto address = [&](int k) VX_INLINED { return source + index[k]; };
     if constexpr (kIsLinear) {
       const V result =
-          MixPairs(GatherPairs<V>(place), As<V>(NarrowInMemoryOrder(a.Fraction(), b.Fraction())));
+          MixPairs(GatherPairs<V>(address), As<V>(NarrowInMemoryOrder(a.Fraction(), b.Fraction())));
       Store(destination + i, NarrowToHalf(result));
     } else {
-      Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
+      Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *address(k); });
     }
     return true;
   }
@@ -136,8 +136,9 @@ struct Area {
     Store(index + kHalf, b.Index());
     Store(index + 2 * kHalf, c.Index());
     Store(index + 3 * kHalf, d.Index());
-    const auto place = [&](int k)
-                           VX_INLINED { return source + index[2 * k + 1] * stride + index[2 * k]; };
+    const auto address = [&](int k) VX_INLINED {
+      return source + index[2 * k + 1] * stride + index[2 * k];
+    };
     if constexpr (kIsLinear) {
       // Fractions of x and y alternate; then they are separated.
       const auto first = As<U32<V>>(NarrowInMemoryOrder(a.Fraction(), b.Fraction()));
@@ -146,12 +147,12 @@ struct Area {
         return As<V>(NarrowInMemoryOrder(As<I32<V>>(low), As<I32<V>>(high)));
       };
       const V x = apart(first & 65535, second & 65535), y = apart(first >> 16, second >> 16);
-      const V above = GatherPairs<V>(place);
-      const V below = GatherPairs<V>([&](int k) VX_INLINED { return place(k) + stride; });
+      const V above = GatherPairs<V>(address);
+      const V below = GatherPairs<V>([&](int k) VX_INLINED { return address(k) + stride; });
       const V result = MixWords(MixPairs(above, x), MixPairs(below, x), y);
       Store(destination + i, NarrowToHalf(result));
     } else {
-      Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *place(k); });
+      Repeat<kCount>([&](int k) VX_INLINED { destination[i + k] = *address(k); });
     }
     return true;
   }

@@ -10,9 +10,9 @@ namespace {
 
 // A long row is taken this many registers at a time, which share the work on a tap's weight. They
 // are aligned like those of ApplyToRow. The registers of the tail are taken one at a time.
-constexpr int kGroup = 4;
+constexpr int kAtOnce = 4;
 template <class V>
-struct InGroups {
+struct SeveralAtOnce {
   Blocks<V> blocks;
 };
 
@@ -52,31 +52,31 @@ struct FilteredFloats {
     walk.ForEach([&](auto place) VX_INLINED { StorePlace(destination, place); });
   }
   template <class V>
-  VX_INLINE void StoreRow(float* destination, InGroups<V> groups) const {
+  VX_INLINE void StoreRow(float* destination, SeveralAtOnce<V> several) const {
     constexpr intptr_t kCount = kLaneCount<V>;
-    const Blocks<V> blocks = groups.blocks;
+    const Blocks<V> blocks = several.blocks;
     intptr_t x = 0;
     if (sizeof(V) > 16 && blocks.end >= kRegistersToAlign * kCount) {
       StorePlace(destination, blocks.First());
       x = TargetOf<float>{destination, 0}.template BoundaryAfter<sizeof(V)>(0);
     }
-    for (; x + kGroup * kCount <= blocks.end; x += kGroup * kCount)
-      StoreAt<kGroup>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
+    for (; x + kAtOnce * kCount <= blocks.end; x += kAtOnce * kCount)
+      StoreAt<kAtOnce>(destination, [=](int i) VX_INLINED { return Block<V>{x + i * kCount}; });
     for (; x < blocks.end; x += kCount)
       StorePlace(destination, x + kCount <= blocks.end ? Block<V>{x} : blocks.Last());
   }
 };
 
-// Calls use(InGroups) with the widest register that fits kGroup times into the row, of kBytes
+// Calls use(SeveralAtOnce) with the widest register that fits kAtOnce times into the row, of kBytes
 // bytes, half of that, and so on; wide forms go down to 32 bytes. Returns whether there is one.
 template <int kBytes, class Use>
-VX_INLINE bool WithGroups(int32_t width, Use use) {
+VX_INLINE bool WithSeveralAtOnce(int32_t width, Use use) {
   using V = Lanes<float, kBytes / int{sizeof(float)}>;
-  if (width >= kGroup * kLaneCount<V>) {
-    use(InGroups<V>{{width}});
+  if (width >= kAtOnce * kLaneCount<V>) {
+    use(SeveralAtOnce<V>{{width}});
     return true;
   }
-  if constexpr (kBytes > 32) return WithGroups<kBytes / 2>(width, use);
+  if constexpr (kBytes > 32) return WithSeveralAtOnce<kBytes / 2>(width, use);
   return false;
 }
 
@@ -97,7 +97,7 @@ void FilterResampleVertical32F(const float* source, float* destination, int32_t 
                        });
     };
     if constexpr (Form::kBytes > 1)
-      if (WithGroups<Form::kBytes>(width, filter)) return;
+      if (WithSeveralAtOnce<Form::kBytes>(width, filter)) return;
     WithBlocks<Form, float>(width, filter);
   });
 }

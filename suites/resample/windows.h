@@ -5,7 +5,7 @@
 //   kBytes               bytes of a window
 //   kHeld                the most units of a column that are picked from one window
 //   kRegisters           registers of the plan that Pick needs
-//   Plan(words, places)  writes them; places are how many bytes after the start of its window each
+//   Plan(words, starts)  writes them; starts are how many bytes after the start of its window each
 //                        column starts. Returns false if Pick cannot serve them
 //   LoadFrom(row, words) loads the window, which starts at words[0]; that of group i at words[4 i]
 //   Pick(window, words, i)
@@ -23,17 +23,17 @@
 namespace vantrix {
 
 template <class T, class S>
-concept WindowOf = requires(uint32_t* words, S places, const uint8_t* row) {
+concept WindowOf = requires(uint32_t* words, S starts, const uint8_t* row) {
   { T::kIsShared } -> std::convertible_to<bool>;
   { T::kBytes + T::kHeld + T::kRegisters } -> std::convertible_to<int>;
-  { T::Plan(words, places) } -> std::same_as<bool>;
+  { T::Plan(words, starts) } -> std::same_as<bool>;
   { T::Pick(T::LoadFrom(row, words), words, 0) } -> std::same_as<S>;
 };
 
-// The indices of a unit's bytes, the first of which is `place`, for Shuffle and LookUp.
+// The indices of a unit's bytes, from that of its first byte, for Shuffle and LookUp.
 template <int kUnit, class S>
-VX_INLINE U8<S> BytePlaces(S place) {
-  const S twice = place | place << 16;
+VX_INLINE U8<S> ByteIndices(S first) {
+  const S twice = first | first << 16;
   return As<U8<S>>(kUnit == 2 ? twice + 0x80018000 : (twice | twice << 8) + 0x03020100);
 }
 
@@ -43,10 +43,10 @@ struct GroupWindow {
   static constexpr bool kIsShared = kShared;
   static constexpr int kBytes = 16, kHeld = kUnit == 2 ? 2 : 1, kRegisters = kHeld;
 
-  VX_INLINE static bool Plan(uint32_t* words, S places) {
+  VX_INLINE static bool Plan(uint32_t* words, S starts) {
     for (int i = 0; i < kRegisters; ++i)
       Store(words + kLaneCount<S> * i,
-            BytePlaces<kUnit>(S(places + static_cast<uint32_t>(kUnit * i))));
+            ByteIndices<kUnit>(S(starts + static_cast<uint32_t>(kUnit * i))));
     return true;
   }
   VX_INLINE static U8<S> LoadFrom(const uint8_t* row, const uint32_t* words) {
@@ -66,19 +66,19 @@ struct ByteWindow {
   static constexpr bool kIsShared = true;
   static constexpr int kBytes = sizeof(S), kHeld = 4, kRegisters = 1;
 
-  VX_INLINE static bool Plan(uint32_t* words, S places) {
-    Store(words, BytePlaces<kUnit>(places));
+  VX_INLINE static bool Plan(uint32_t* words, S starts) {
+    Store(words, ByteIndices<kUnit>(starts));
     return true;
   }
   VX_INLINE static U8<S> LoadFrom(const uint8_t* row, const uint32_t* words) {
     return Load<U8<S>>(row + words[0]);
   }
   VX_INLINE static S Pick(U8<S> window, const uint32_t* words, int i) {
-    const auto places = LoadAligned<U8<S>>(words) + static_cast<uint8_t>(kUnit * i);
+    const auto indices = LoadAligned<U8<S>>(words) + static_cast<uint8_t>(kUnit * i);
     if constexpr (kUnit == 2)
-      return As<S>(LookUpEven(window, places));
+      return As<S>(LookUpEven(window, indices));
     else
-      return As<S>(LookUp(window, places));
+      return As<S>(LookUp(window, indices));
   }
 };
 
@@ -92,19 +92,19 @@ struct FloatWindow {
   static constexpr bool kIsShared = true;
   static constexpr int kBytes = kCount * sizeof(S), kHeld = kBytes == 32 ? 2 : 4, kRegisters = 1;
 
-  VX_INLINE static bool Plan(uint32_t* words, S places) {
-    Store(words, places >> 2);
+  VX_INLINE static bool Plan(uint32_t* words, S starts) {
+    Store(words, starts >> 2);
     return true;
   }
   VX_INLINE static Registers LoadFrom(const uint8_t* row, const uint32_t* words) {
     return Load<Registers>(row + words[0]);
   }
   VX_INLINE static S Pick(Registers window, const uint32_t* words, int i) {
-    const S places = LoadAligned<S>(words) + static_cast<uint32_t>(i);
+    const S indices = LoadAligned<S>(words) + static_cast<uint32_t>(i);
     if constexpr (kCount == 1)
-      return LookUp(window.of[0], places);
+      return LookUp(window.of[0], indices);
     else
-      return LookUp(window.of[0], window.of[1], places);
+      return LookUp(window.of[0], window.of[1], indices);
   }
 };
 
