@@ -1,6 +1,6 @@
 // A register as instructions take it, and its parts.
 //
-// The operations of lane_ops.h name an instruction for each width. If a register is wider than the
+// The operations on lanes name an instruction for each width. If a register is wider than the
 // unit's instructions, they work on its halves. So the text of a wide form can be compiled, and
 // tested, for an older processor.
 #pragma once
