@@ -17,6 +17,8 @@
 //   InEveryGroup             one group, repeated in all groups of a register
 //   Spread                   one lane of each group, in all lanes of the group
 //   Exchanged                lanes that are kDistance apart, exchanged
+//   ByBit                    lanes of a where bit kBit of the lane's number is 0, of b where it is
+//   1
 //
 // A register wider than 16 bytes is 16-byte groups side by side. Operations move lanes within their
 // group, so that one undoes the other in every width. The exceptions are operations in memory
@@ -155,6 +157,12 @@ template <int kDistance, class V>
 VX_LANE V Exchanged(V v) {
   return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
     return __builtin_shufflevector(v, v, int{i ^ kDistance}...);
+  }(std::make_index_sequence<kLaneCount<V>>{});
+}
+template <int kBit, class V>
+VX_LANE V ByBit(V a, V b) {
+  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
+    return __builtin_shufflevector(a, b, int{(i & kBit) != 0 ? i + sizeof...(i) : i}...);
   }(std::make_index_sequence<kLaneCount<V>>{});
 }
 

@@ -11,7 +11,6 @@
 #include "suites/path/sort.inl"
 
 namespace vantrix {
-inline constexpr int kCopyBytesSlot = 0;
 inline constexpr size_t kMostWords = 0xFFFFFFFF;
 
 // A count above a row's capacity is reported, by both
@@ -65,7 +64,7 @@ VX_INLINE void FoldRow(uint32_t* row, uint32_t rowStride, uint32_t operation,
 
   row[kPendingCount] = 0;
   row[kEntryCount] = static_cast<uint32_t>(result);
-  Call<CopyBytesRoutine>(memorySuite.live[kCopyBytesSlot])(
+  Call<CopyBytesRoutine>(memorySuite.live[MemorySlot::kCopyBytes])(
       reinterpret_cast<const uint8_t*>(calc), reinterpret_cast<uint8_t*>(row + kFirstEntry),
       static_cast<int32_t>(result * sizeof *row));
   checks.VerifyGuards(932);

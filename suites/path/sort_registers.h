@@ -9,18 +9,10 @@
 
 #include <bit>
 
-#include "common/lane_ops.h"
+#include "common/lane_moves.h"
 #include "common/unroll.h"
 
 namespace vantrix {
-
-// Lanes of a where bit kBit of the lane's number is 0, of b where it is 1.
-template <int kBit, class V>
-VX_LANE V ByBit(V a, V b) {
-  return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
-    return __builtin_shufflevector(a, b, int{(i & kBit) != 0 ? i + sizeof...(i) : i}...);
-  }(std::make_index_sequence<kLaneCount<V>>{});
-}
 
 template <class V>
 VX_LANE void PutInOrder(V& low, V& high) {
