@@ -4,15 +4,15 @@
 // any row whose samples are as large as the lanes of its register:
 //
 //   Block<V>          one register of samples, from sample x on
-//   Ends<V, kBytes>   the first and the last kBytes bytes of a row shorter than 16 bytes, in one
+//   Ends<V, kBytes>   the first and the last kBytes bytes of a row of up to twice as many, in one
 //                     register. The two ends may overlap. The samples in both are then stored
 //                     twice, with the same value
 //
 // A walk takes a whole row, place by place: walk.ForEach(work) calls work(place) for each.
 //
 // The tail of a row is seldom taken one sample at a time. A long row ends in a block that reaches
-// back over the block before it (Blocks). A shorter row is taken in narrower registers, and the
-// shortest as two ends (WithBlocks). Places and counts are in samples.
+// back over the block before it (Blocks). A shorter row is taken in narrower registers, or as two
+// ends in one register (WithBlocks). Places and counts are in samples.
 #pragma once
 
 #include "common/forms.h"
@@ -42,7 +42,10 @@ struct Ends {
 
   template <class T>
   VX_LANE V LoadFrom(const T* row) const {
-    return LoadEnds<V, kBytes>(row, count);
+    if constexpr (kBytes == 16)
+      return Join(Load<HalfOf<V>>(row), Load<HalfOf<V>>(Below(row + count, -kBytes)));
+    else
+      return LoadEnds<V, kBytes>(row, count);
   }
   template <class T>
   VX_LANE void StoreTo(T* row, V samples) const {
@@ -131,9 +134,9 @@ struct Singly {
 };
 
 // Calls use(Blocks) for the widest register that samples `start` to `end` fill, of kBytes bytes,
-// half of that, and so on down to 16; returns whether there is one. 65 to 96 bytes are faster in
-// three registers of 32 than in two of 64 that overlap. Measured.
-template <class T, int kBytes, int kMostBlocks = 0, class Use>
+// half of that, and so on down to kLeast; returns whether there is one. 65 to 96 bytes are faster
+// in three registers of 32 than in two of 64 that overlap. Measured.
+template <class T, int kBytes, int kMostBlocks = 0, int kLeast = 16, class Use>
 VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
   const intptr_t bytes = (end - start) * intptr_t{sizeof(T)};
   if (bytes >= kBytes && !(kBytes == 64 && bytes > 64 && bytes <= 96)) {
@@ -141,18 +144,21 @@ VX_INLINE bool WithWholeBlocks(intptr_t start, intptr_t end, Use use) {
     return true;
   }
   constexpr int kMostOfHalf = kBytes == 64 ? 3 : 2;
-  if constexpr (kBytes > 16) return WithWholeBlocks<T, kBytes / 2, kMostOfHalf>(start, end, use);
+  if constexpr (kBytes > kLeast)
+    return WithWholeBlocks<T, kBytes / 2, kMostOfHalf, kLeast>(start, end, use);
   return false;
 }
 
-// Calls use(OnePlace) for a row of less than 16 bytes, taken as two ends of 8 bytes, half of that,
-// and so on. Does nothing and returns false if the row has fewer than kFewest samples.
+// Calls use(OnePlace) for a row of less than 2 x kBytes bytes, taken as two ends of kBytes bytes,
+// half of that, and so on. Ends of 16 bytes are in one register of 32, others in one of 16. Does
+// nothing and returns false if the row has fewer than kFewest samples.
 template <class T, int kFewest, int kBytes = 8, class Use>
 VX_INLINE bool WithEnds(intptr_t count, Use use) {
   static_assert(kFewest >= 2, "two ends need at least two samples");
   if constexpr (kBytes >= 2 * int{sizeof(T)}) {
     if (count >= kFewest && count * intptr_t{sizeof(T)} >= kBytes) {
-      use(OnePlace<Ends<Lanes<T, 16 / int{sizeof(T)}>, kBytes>>{{count}});
+      constexpr int kRegister = kBytes == 16 ? 32 : 16;
+      use(OnePlace<Ends<Lanes<T, kRegister / int{sizeof(T)}>, kBytes>>{{count}});
       return true;
     }
     return WithEnds<T, kFewest, kBytes / 2>(count, use);
@@ -161,19 +167,22 @@ VX_INLINE bool WithEnds(intptr_t count, Use use) {
 }
 
 // Calls use with the fastest walk over a row of `count` samples in registers of a form, and returns
-// whether there is one. Fewer than kFewest samples are faster taken one at a time.
-template <class Form, class T, int kFewest = 2, class Use>
+// whether there is one. Fewer than kFewest samples are faster taken one at a time. Wide forms take
+// 16 to 31 bytes as ends of 16, in the time of one register, unless kWidestEnds is 8.
+template <class Form, class T, int kFewest = 2, int kWidestEnds = 16, class Use>
 VX_INLINE bool WithRegisters(intptr_t count, Use use) {
+  constexpr int kEnds = Form::kBytes > kWidestEnds ? kWidestEnds : 8;
   if constexpr (Form::kBytes == 1)
     return false;
   else
-    return WithWholeBlocks<T, Form::kBytes>(0, count, use) || WithEnds<T, kFewest>(count, use);
+    return WithWholeBlocks<T, Form::kBytes, 0, 2 * kEnds>(0, count, use) ||
+           WithEnds<T, kFewest, kEnds>(count, use);
 }
 
 // The same; without such a walk, calls use with one that takes one sample at a time.
-template <class Form, class T, int kFewest = 2, class Use>
+template <class Form, class T, int kFewest = 2, int kWidestEnds = 16, class Use>
 VX_INLINE void WithBlocks(intptr_t count, Use use) {
-  if (!WithRegisters<Form, T, kFewest>(count, use)) use(Singly<T>{count});
+  if (!WithRegisters<Form, T, kFewest, kWidestEnds>(count, use)) use(Singly<T>{count});
 }
 
 // The same for heavy work out of place: the tail is taken in narrower registers.

@@ -274,12 +274,12 @@ TEST_P(LaneOpsTest, DoAsTheirNamesSayInEveryWidth) {
 }
 
 // Returns in how many places a row must be processed: in the widest registers that it fills, the
-// last one reaching back, but in three of 32 bytes rather than two of 64. Below 16 bytes one place
-// holds both ends. Only the scalar form takes one sample at a time.
+// last one reaching back, but in three of 32 bytes rather than two of 64. Below 16 bytes, in
+// wide forms below 32, one place holds both ends. Only the scalar form takes one sample at a time.
 intptr_t PlacesOf(intptr_t formBytes, intptr_t sampleBytes, intptr_t count) {
   if (formBytes == 1) return count;
   if (formBytes == 64 && count * sampleBytes > 64 && count * sampleBytes <= 96) return 3;
-  for (intptr_t bytes = formBytes; bytes >= 16; bytes /= 2)
+  for (intptr_t bytes = formBytes; bytes >= std::min<intptr_t>(formBytes, 32); bytes /= 2)
     if (count * sampleBytes >= bytes) return (count * sampleBytes + bytes - 1) / bytes;
   return std::min<intptr_t>(count, 1);
 }

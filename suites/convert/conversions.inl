@@ -46,10 +46,15 @@ struct DoubledBytes {
   template <class V, int kBytes>
   VX_LANE V At(Ends<V, kBytes> ends) const {
     constexpr int kSamples = kBytes / 2;
-    uint64_t first = 0, last = 0;
-    __builtin_memcpy(&first, row, kSamples);
-    __builtin_memcpy(&last, row + ends.count - kSamples, kSamples);
-    return Doubled<V>(first | last << 8 * kSamples);
+    const uint8_t* const second = row + ends.count - kSamples;
+    if constexpr (kBytes == 16) {
+      return Join(Doubled<HalfOf<V>>(LoadU64(row)), Doubled<HalfOf<V>>(LoadU64(second)));
+    } else {
+      uint64_t first = 0, last = 0;
+      __builtin_memcpy(&first, row, kSamples);
+      __builtin_memcpy(&last, second, kSamples);
+      return Doubled<V>(first | last << 8 * kSamples);
+    }
   }
   VX_LANE void NextRow() { row += stride; }
 

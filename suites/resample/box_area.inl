@@ -55,8 +55,8 @@ struct AveragedPairs {
   }
   template <class V, int kBytes>
   VX_INLINE V At(Ends<V, kBytes> place) const {
-    if constexpr (kBytes == 8) {
-      return Narrow(Averages<V>(0), Averages<V>(place.count - 8));
+    if constexpr (kBytes >= 8) {
+      return NarrowInMemoryOrder(Averages<V>(0), Averages<V>(place.count - kBytes));
     } else {
       const auto ends = Averages<V>(source, [=](const uint8_t* row) VX_INLINED {
         return LoadEnds<V, 2 * kBytes>(row, 2 * place.count);
@@ -137,8 +137,8 @@ struct AveragedSums {
   template <class V, int kBytes>
   VX_INLINE V At(Ends<V, kBytes> place) const {
     const intptr_t count = place.count;
-    if constexpr (kBytes == 8) {
-      return Narrow(Averages<V>(0), Averages<V>(count - 8));
+    if constexpr (kBytes >= 8) {
+      return NarrowInMemoryOrder(Averages<V>(0), Averages<V>(count - kBytes));
     } else if constexpr (kPerBox == 1) {
       const auto ends = average.Of(LoadEnds<U16<V>, 2 * kBytes>(sums, count));
       return Narrow(ends, ends);
