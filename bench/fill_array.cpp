@@ -55,17 +55,18 @@ void Measure(benchmark::State& state, Progress& progress, FillArrayRoutine* fold
                                      static_cast<double>(state.iterations()) / array->endRow;
 }
 
-// Registers a benchmark of each rule. The array is made for each run.
-template <class... Arguments>
-void Add(const std::string& form, FillArrayRoutine* fold, const std::string& rows,
-         const std::string& which, Arguments... arguments) {
+// Registers a benchmark of each rule. make() makes the array, anew for each run.
+template <class Make>
+void Add(const std::string& form, FillArrayRoutine* fold, const char* rows,
+         const std::string& which, Make make) {
   for (const bool byWinding : {false, true}) {
-    const std::string name =
-        "path/24/" + form + "/" + rows + (byWinding ? "/winding/" : "/even-odd/") + which;
-    benchmark::RegisterBenchmark(
-        name.c_str(), [=, progress = Progress{}](benchmark::State& state) mutable {
-          Measure(state, progress, fold, MakeArray(arguments...), byWinding);
-        });
+    std::string name = "path/24/";
+    name.append(form).append("/").append(rows);
+    name.append(byWinding ? "/winding/" : "/even-odd/").append(which);
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [=, progress = Progress{}](benchmark::State& state) mutable {
+                                   Measure(state, progress, fold, make(), byWinding);
+                                 });
   }
 }
 
@@ -76,12 +77,14 @@ void RegisterFillArray() {
     for (const uint32_t crossings : {2, 4, 8, 16, 64, 256, 4096})
       for (const bool isScattered : {true, false})
         Add(form, fold, isScattered ? "scattered" : "as above", std::to_string(crossings),
-            crossings, isScattered);
-    using Outlines = std::vector<host::Outline>;
-    Add(form, fold, "outlines", "circle", Outlines{host::Circle(0.45)});
-    Add(form, fold, "outlines", "star", Outlines{host::Star(7, 3, 0.48)});
-    Add(form, fold, "outlines", "letters", host::Letters());
-    Add(form, fold, "outlines", "hatching", host::Hatching());
+            [=] { return MakeArray(crossings, isScattered); });
+    const auto addOutlines = [&](const char* which, const std::vector<host::Outline>& outlines) {
+      Add(form, fold, "outlines", which, [=] { return MakeArray(outlines); });
+    };
+    addOutlines("circle", {host::Circle(0.45)});
+    addOutlines("star", {host::Star(7, 3, 0.48)});
+    addOutlines("letters", host::Letters());
+    addOutlines("hatching", host::Hatching());
   };
   add("vectorised", reinterpret_cast<FillArrayRoutine*>(FindVectorisedByGcc(kPath, 24)));
   add("unvectorised", reinterpret_cast<FillArrayRoutine*>(FindUnvectorisedByGcc(kPath, 24)));

@@ -191,7 +191,7 @@ class Page:
             for shape in CALLS:
                 least = min(self.results.call(other, shape) for other_count, other in found if other_count == count)
                 cycles = self.results.call(case, shape)
-                cells.append(f"{cycles:.0f} ({times(cycles / least)})")
+                cells.append(f"{cycles:.0f} ({times(cycles / max(least, 1))})")
             print_row(str(count), self.results.name(case), *cells)
 
     def print_runs(self):

@@ -7,10 +7,10 @@
 
 namespace vantrix {
 
-// Up to which count words are sorted one by one, in registers at once, and in merged runs; byte by
-// byte from there on. Measured.
+// Up to how many words are sorted by a network of single words, by one of registers, and in merged
+// runs. More are sorted byte by byte. Measured.
 struct SortLimits {
-  size_t singly, atOnce, merged;
+  size_t singly, inRegisters, merged;
 };
 template <class Form>
 inline constexpr SortLimits kSortLimits{16, 16, 127};
@@ -22,10 +22,10 @@ inline constexpr SortLimits kSortLimits<Avx2>{12, 128, 256};
 template <class Form>
 VX_INLINE void SortRun(uint32_t* words, size_t count) {
   constexpr SortLimits kLimits = kSortLimits<Form>;
-  if (kLimits.singly == kLimits.atOnce || count <= kLimits.singly)
+  if (kLimits.singly == kLimits.inRegisters || count <= kLimits.singly)
     SortByNetwork(words, count);
-  else if constexpr (kLimits.singly < kLimits.atOnce)
-    SortInRegisters<Form, kLimits.singly, kLimits.atOnce>(words, count);
+  else if constexpr (kLimits.singly < kLimits.inRegisters)
+    SortInRegisters<Form, kLimits.singly, kLimits.inRegisters>(words, count);
 }
 
 // Merges two sorted runs. The second follows the first, and is as long or one longer. The lower
@@ -52,7 +52,7 @@ VX_INLINE void MergeRuns(const uint32_t* runs, size_t first, size_t count, uint3
 template <class Form>
 void SortByMerging(uint32_t* words, size_t count, uint32_t* scratch) {
   uint32_t level = 0;
-  while (((count - 1) >> level) >= kSortLimits<Form>.atOnce) ++level;
+  while (((count - 1) >> level) >= kSortLimits<Form>.inRegisters) ++level;
   const auto startOf = [&](size_t run) { return run * count >> level; };
   for (size_t run = 0; run < size_t{1} << level; ++run)
     SortRun<Form>(words + startOf(run), startOf(run + 1) - startOf(run));
@@ -71,7 +71,7 @@ void SortByMerging(uint32_t* words, size_t count, uint32_t* scratch) {
 
 template <class Form>
 void SortWords(uint32_t* words, size_t count, uint32_t* scratch) {
-  if (count <= kSortLimits<Form>.atOnce)
+  if (count <= kSortLimits<Form>.inRegisters)
     SortRun<Form>(words, count);
   else if (count <= kSortLimits<Form>.merged)
     SortByMerging<Form>(words, count, scratch);

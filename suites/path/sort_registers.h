@@ -7,8 +7,6 @@
 // comparing words half a list apart, a quarter, and so on.
 #pragma once
 
-#include <bit>
-
 #include "common/lane_moves.h"
 #include "common/unroll.h"
 
