@@ -63,7 +63,7 @@ constexpr bool IsBiggest(host::Shape shape) { return shape.rows == 4096; }
 // vectoriser and without.
 extern "C" host::FindRoutine FindVectorisedByGcc, FindUnvectorisedByGcc;
 
-// Another routine for the same job, under the name of its form.
+// Another routine for the same job, under the name of its form or its library.
 struct Competitor {
   SuiteIndex suite;
   uint16_t slot;

@@ -21,7 +21,7 @@ struct SlotsRoutine {
   const char* onlySetting = nullptr;  // null for all
 };
 
-// Returns for each slot the cheapest loop that reads and writes the slot's planes.
+// Returns the cheapest loops that read and write the planes of slots, for those that have one.
 template <class Form>
 std::span<const SlotsRoutine> Limits();
 

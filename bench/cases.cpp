@@ -58,7 +58,7 @@ const std::vector<Shape> kCachedPlanes(std::begin(kPlanes), std::end(kPlanes) - 
 
 std::vector<Shape> UsualShapes(SuiteIndex suite, uint16_t slot) {
   if (suite == kFilter && (slot == 188 || slot == 189)) return {{1, 128}};  // one block
-  // Floats are four times the bytes; the widest are left out.
+  // Floats are four times the bytes; the biggest planes are left out.
   const bool isFloat = (suite == kFilter && slot > 190) || (suite == kResample && slot > 25);
   std::vector<Shape> shapes = isFloat ? kCachedPlanes : kAllPlanes;
   shapes.insert(shapes.end(), std::begin(kShortRows), std::end(kShortRows));

@@ -56,9 +56,9 @@ void RegisterCase(const Case& job) {
         Register(name + form, job.exercise, routine, shape, job.how, job.threads);
   };
   const auto anyShape = [](host::Shape) { return true; };
-  const auto notInstalled = [](host::Shape shape) { return !IsCall(shape) && !IsHuge(shape); };
+  const auto planesAndRows = [](host::Shape shape) { return !IsCall(shape) && !IsHuge(shape); };
   const auto notBiggest = [=](host::Shape shape) {
-    return notInstalled(shape) && !IsBiggest(shape);
+    return planesAndRows(shape) && !IsBiggest(shape);
   };
   const auto wholePlanes = [](host::Shape shape) { return !IsShortRow(shape) && !IsCall(shape); };
   const auto inCache = [=](host::Shape shape) { return notBiggest(shape) && !IsShortRow(shape); };
@@ -78,7 +78,7 @@ void RegisterCase(const Case& job) {
     else if (std::is_same_v<Form, Sse2> && HasSsse3Build(job.suite, job.slot))
       add(Form::kName, routine, inCache);
     else
-      add(Form::kName, routine, notInstalled);
+      add(Form::kName, routine, planesAndRows);
   });
   if (job.how.isMisaligned || job.threads > 1) return;
   add("nothing", reinterpret_cast<Routine>(ReturnAtOnce), IsCall);

@@ -1,5 +1,5 @@
 // The masked normal blend by hand, in the form that this unit is compiled for: the kernels of
-// slot 2 are compared with it.
+// blnd slot 2 are compared with it.
 #include <immintrin.h>
 
 #include "bench/by_form.h"

@@ -22,7 +22,7 @@
 //
 // A register wider than 16 bytes is 16-byte groups side by side. Operations move lanes within their
 // group, so that one undoes the other in every width. The exceptions are operations in memory
-// order, InEveryGroup, and Exchanged for a distance of a group or more.
+// order, InEveryGroup, and Exchanged for a mask of a group or more.
 #pragma once
 
 #include "common/registers.h"
@@ -153,10 +153,10 @@ VX_LANE V Spread(V v) {
     return __builtin_shufflevector(v, v, int{i / kGroup * kGroup + kLane}...);
   }(std::make_index_sequence<kLaneCount<V>>{});
 }
-template <int kDistance, class V>
+template <int kMask, class V>
 VX_LANE V Exchanged(V v) {
   return [=]<size_t... i>(std::index_sequence<i...>) VX_INLINED {
-    return __builtin_shufflevector(v, v, int{i ^ kDistance}...);
+    return __builtin_shufflevector(v, v, int{i ^ kMask}...);
   }(std::make_index_sequence<kLaneCount<V>>{});
 }
 template <int kBit, class V>

@@ -1,4 +1,4 @@
-// What the plain and the checked routine check. They differ in nothing else.
+// What the plain and the checked routine check, and where the calc buffer is.
 #pragma once
 
 #include <concepts>

@@ -28,10 +28,9 @@ namespace vantrix {
 template <class Form>
 FillArrayRoutine ApplyFillArrayOperation;
 
-// The same, but also reports what looks wrong: unknown operations, odd
-// counts, entries that do not fit, what ValidateFillArray finds, and
-// guard words that changed. Serves slot 24 if the host debugs its paths. It has
-// one form.
+// The same, but also reports what looks wrong: unknown operations, rows below 1, odd counts,
+// entries that do not fit, what ValidateFillArray finds, and guard words that changed. Serves slot
+// 24 if the host debugs its paths. It has one form.
 FillArrayRoutine ApplyFillArrayOperationChecked;
 
 // Reports rows whose pending count is too large or negative, and rows whose pending entries do not

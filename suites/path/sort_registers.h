@@ -84,7 +84,7 @@ VX_INLINE void MergeLanes(V* v) {
 }
 
 // Sorts at most kCount registers of words, at least one. Registers compare signed numbers, so the
-// highest bit is flipped. The greatest numbers fill the last register.
+// highest bit is flipped. After the last word the registers hold the greatest number.
 template <class Form, int kCount>
 void SortRegisters(uint32_t* words, size_t count) {
   using V = Register<int32_t, Form>;
@@ -98,7 +98,7 @@ void SortRegisters(uint32_t* words, size_t count) {
     if (start + kLanes <= count) {
       v[r] = Load<V>(words + start) ^ flip;
     } else {
-      // The last whole register of words. Those that it shares with the one before are left out.
+      // The last whole register of words. Words that register r - 1 has are left out.
       const V last = Load<V>(words + count - kLanes) ^ flip;
       v[r] = lane >= static_cast<int32_t>(start + kLanes - count) ? last : Fill<V>(INT32_MAX);
     }

@@ -1,4 +1,4 @@
-// Routines for masks whose rows or planes share entries:
+// Routines for planes that share entries, or whose rows do:
 // each entry is read from memory when it is its turn.
 #pragma once
 
@@ -29,12 +29,12 @@ struct Lines {
   }
 };
 
-// Whether no two entries, of one plane or of both, are the same memory. Planes of which one lies in
-// the gaps of the other count as sharing entries. A step is that from one of `count` lines, or of
-// the entries of a line, to the next.
+// The step from one of `count` lines, or of the entries of a line, to the next.
 struct Steps {
   int64_t step, count;
 };
+// Whether no two entries, of one plane or of both, are the same memory. Planes of which one lies in
+// the gaps of the other count as sharing entries.
 template <class T>
 bool EntriesAreApart(const T* priority, const T* value, Steps lines, Steps entries);
 template <class T>

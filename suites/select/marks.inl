@@ -98,7 +98,8 @@ void SelectSpreadMark8(uint8_t* data, int32_t rows, int32_t width, int32_t rowBy
     const int32_t columns = width < kColumnsTogether ? width : kColumnsTogether;
     uint8_t above[kColumnsTogether];
     __builtin_memset(above, 0, static_cast<size_t>(columns));
-    // Rows of 16 to 31 entries are stored in whole groups of 16: as ends they were stored singly.
+    // Rows of 16 to 31 entries are stored in whole groups of 16: as ends they would be stored
+    // singly.
     WithBlocks<Form, uint8_t, 2, 8>(
         columns, [&](auto walk) VX_INLINED { SpreadInColumns(walk, data, rows, rowBytes, above); });
   }

@@ -8,8 +8,8 @@
 //
 // Line i starts lineStep x i after the first pointers; its entries lie entryStep apart. The first
 // entry of a line never changes. If lines or planes share entries, lines are walked one after
-// another. In each plane a block of lines is stored only if one of its entries changes. In lines
-// that fill no block only entries that change are stored.
+// another. A block of lines is stored only if one of its entries receives something; of lines that
+// fill no block only such entries are. What receives the pair that it holds may be stored.
 #pragma once
 
 #include "suites/select/signatures.h"

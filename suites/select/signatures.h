@@ -1,7 +1,7 @@
 // The argument lists of the selection routines.
 //
 // Rows, widths, counts, lengths (in entries) and steps are signed 32-bit. If a count is below 1,
-// nothing is done. A step may be negative.
+// nothing is done, except in classification (classify.h). A step may be negative.
 #pragma once
 
 #include <cstdint>
