@@ -58,7 +58,7 @@ void Measure(benchmark::State& state, Progress& progress, FillArrayRoutine* fold
 // Registers a benchmark of each rule. make() makes the array, anew for each run.
 template <class Make>
 void Add(const std::string& form, FillArrayRoutine* fold, const char* rows,
-         const std::string& which, Make make) {
+         const std::string& which, const Make& make) {
   for (const bool byWinding : {false, true}) {
     std::string name = "path/24/";
     name.append(form).append("/").append(rows);

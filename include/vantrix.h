@@ -483,8 +483,8 @@ typedef void VantrixSampleAtPositions2D8(const uint8_t* source, uint8_t* destina
 
 /* ---- sele: selections ------------------------------------------------------------------------
 
-   Widths, counts and lengths are in entries. An entry that does not change is not written, except
-   in a block in which another changes. */
+   Widths, counts and lengths are in entries. An entry that does not change, or receives
+   nothing, is not written, unless one less than 32 bytes away does. */
 
 enum VantrixSelectSlot {
   kVantrixSelectSpreadMark8 = 26,

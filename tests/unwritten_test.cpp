@@ -173,6 +173,48 @@ TEST(SpreadMarkTest, WritesNoRowThatStaysAsItIs) {
     }
 }
 
+// An entry that is 32 bytes or more from what changes stays unwritten.
+constexpr int kReach = 32, kRowAbove = 1000;
+TEST(SpreadMarkTest, WritesNothingFarFromWhatChanges) {
+  const HalfReadOnly pages(HalfReadOnly::kSecond, 3);
+  for (SpreadMarkRoutine* spread : BuildsOf<SpreadMarkRoutine>(kSelect, 26))
+    for (int before = kReach; before < 2 * kReach + 16; ++before)
+      for (int width = before + 1; width < before + 100; ++width) {
+        uint8_t* const second = pages.Boundary() - before;
+        std::fill(second, pages.Boundary(), uint8_t{3});
+        second[before - kReach - kRowAbove] = 255;
+        spread(second - kRowAbove, 2, width, kRowAbove);
+        EXPECT_EQ(second[before - kReach], 131);
+        second[before - kReach - kRowAbove] = 3;
+      }
+}
+
+template <class T, class Signature>
+void PropagateBesideReadOnlyLines(uint16_t slot) {
+  const HalfReadOnly priorities(HalfReadOnly::kSecond, 0), values(HalfReadOnly::kSecond, 0);
+  constexpr int kSize = sizeof(T), kLines = kReach / kSize;
+  for (Signature* propagate : BuildsOf<Signature>(kSelect, slot))
+    for (int before = kLines; before < 2 * kLines + 16; ++before)
+      for (int lines = before + 1; lines < before + 100; ++lines) {
+        T* const priority = reinterpret_cast<T*>(priorities.Boundary()) - before;
+        T* const value = reinterpret_cast<T*>(values.Boundary()) - before;
+        std::fill_n(priority, before, T{});
+        std::fill_n(value, before, T{});
+        const int receiver = before - kLines;
+        priority[receiver - kRowAbove] = 2;
+        value[receiver - kRowAbove] = 7;
+        propagate(priority - kRowAbove, value - kRowAbove, lines, 2, kSize, kRowAbove * kSize);
+        EXPECT_EQ(priority[receiver], 1);
+        EXPECT_EQ(value[receiver], 7);
+        priority[receiver - kRowAbove] = 0;
+        value[receiver - kRowAbove] = 0;
+      }
+}
+TEST(PropagateTest, WritesNothingFarFromWhatReceives) {
+  PropagateBesideReadOnlyLines<uint8_t, Propagate8Routine>(35);
+  PropagateBesideReadOnlyLines<uint16_t, Propagate16Routine>(73);
+}
+
 // Propagates in masks that are all empty, in lines side by side and along rows.
 template <class T, class Signature>
 void PropagateEmpty(uint16_t slot) {

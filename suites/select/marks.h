@@ -9,8 +9,8 @@ namespace vantrix {
 // one. The first and the last row have one neighbour. No other bit changes. If rows share entries,
 // they are marked in two passes, down and up.
 //
-// A block of a row is stored only if one of its entries changes. In rows of fewer than 16 entries
-// only entries that change are stored.
+// An entry that does not change may be stored, as it is, only if one less than 32 bytes away in its
+// row changes; in rows of fewer than 16 entries not even then.
 template <class Form>
 SpreadMarkRoutine SelectSpreadMark8;
 

@@ -8,8 +8,9 @@
 //
 // Line i starts lineStep x i after the first pointers; its entries lie entryStep apart. The first
 // entry of a line never changes. If lines or planes share entries, lines are walked one after
-// another. A block of lines is stored only if one of its entries receives something; of lines that
-// fill no block only such entries are. What receives the pair that it holds may be stored.
+// another. An entry that receives nothing may be stored, as it is, only if one less than 32 bytes
+// away in its plane receives something; if lines side by side fill less than 16 bytes, not even
+// then.
 #pragma once
 
 #include "suites/select/signatures.h"
