@@ -137,8 +137,9 @@ NARROW_GOALS = [
     Goal("fill-arrays-scattered", "fill arrays of scattered rows, 2 to 16 crossings", FILL_ARRAYS[:2], 2,
          shapes=["2", "4", "8", "16"], form="installed"),
     Goal("fill-arrays", "fill arrays of rows like the one above", FILL_ARRAYS[2:], 1,
-         shapes=["2", "4", "8", "16", "64", "256", "4096"], form="installed"),
-    Goal("outlines", "fill arrays of outlines", FOLDED_OUTLINES, 1, shapes=OUTLINES, form="installed"),
+         shapes=["2", "4", "8", "16", "64", "256", "4096"], form="installed", allowed=NOISE),
+    Goal("outlines", "fill arrays of outlines", FOLDED_OUTLINES, 1, shapes=OUTLINES, form="installed",
+         allowed=NOISE),
 ]
 # The most cycles a row, for the masked normal blend as installed.
 ROW_GOALS = {"64x5": 12, "64x15": 12, "64x33": 16, "64x100": 40}

@@ -69,14 +69,13 @@ VX_INLINE void WriteSelectedInShort(bool underMask, intptr_t count, Rule rule, T
   if constexpr (kHasMasks)
     if (underMask)
       return WriteSelectedLanes(SomeLanes<Group<uint8_t>>::FirstAfter(0, count), rule, to, from...);
-  const bool isTaken =
-      WithEnds<uint8_t, FewestInRegister<Rule>()>(count, [=](auto walk) VX_INLINED {
-        walk.ForEach([=]<class V, int kBytes>(Ends<V, kBytes> ends) VX_INLINED {
-          StoreSome(ends, to.row, SetBytes(SelectsAt(ends, rule, to, from...)),
-                    SelectedAt(ends, rule, to, from...));
-        });
-      });
-  if (!isTaken) WriteSelectedSingly(count, rule, to, from...);
+  const bool isDone = WithEnds<uint8_t, FewestInRegister<Rule>()>(count, [=](auto walk) VX_INLINED {
+    walk.ForEach([=]<class V, int kBytes>(Ends<V, kBytes> ends) VX_INLINED {
+      StoreSome(ends, to.row, SetBytes(SelectsAt(ends, rule, to, from...)),
+                SelectedAt(ends, rule, to, from...));
+    });
+  });
+  if (!isDone) WriteSelectedSingly(count, rule, to, from...);
 }
 
 // Takes a row of at least one group.

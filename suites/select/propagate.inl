@@ -11,25 +11,25 @@ namespace {
 
 // An entry's priority and value as they become, as they were, and in which lanes each is written.
 template <class V>
-struct Taken : Pair<V> {
+struct Received : Pair<V> {
   Pair<V> own;
-  V takesPriority, takesValue;
+  V writesPriority, writesValue;
 };
-// kHolds is the carried priority that takes nothing over. Blocks may overlap: to take an entry a
+// A carried priority of kPassedOver is never received. Blocks may overlap: to receive a pair a
 // second time changes nothing.
-template <uint16_t kHolds>
-struct TakeOver {
+template <uint16_t kPassedOver>
+struct Receive {
   template <class V>
-  VX_INLINE Taken<V> operator()(Pair<V> own, Pair<V> before) const {
+  VX_INLINE Received<V> operator()(Pair<V> own, Pair<V> before) const {
     const V carried = before.first + As<V>(before.first > 1);  // minus 1: a true lane is -1
-    const auto keeps = (carried == LaneOf<V>(kHolds)) | (own.first > carried);
-    const V isTaken = Opaque(As<V>(~keeps));
-    const auto takes = IsNegative(isTaken);
-    const Pair<V> after{takes ? carried : own.first, takes ? before.second : own.second};
-    // With 0x8000 held back, 0 takes over too; mostly from 0, which changes nothing.
-    if constexpr (kHolds != 0)
+    const auto keeps = (carried == LaneOf<V>(kPassedOver)) | (own.first > carried);
+    const V receives = Opaque(As<V>(~keeps));
+    const auto isNew = IsNegative(receives);
+    const Pair<V> after{isNew ? carried : own.first, isNew ? before.second : own.second};
+    // With 0x8000 passed over, 0 is received too; mostly by 0, which changes nothing.
+    if constexpr (kPassedOver != 0)
       return {after, own, As<V>(after.first != own.first), As<V>(after.second != own.second)};
-    return {after, own, isTaken, isTaken};
+    return {after, own, receives, receives};
   }
 };
 
@@ -45,9 +45,9 @@ struct EntriesAt {
     return Pair<typename Place::Register>{priority.At(place), value.At(place)};
   }
   template <class Place, class V>
-  VX_LANE void Write(Place place, const Taken<V>& entries) const {
-    StoreChanged(place, priority.row, entries.takesPriority, entries.own.first, entries.first);
-    StoreChanged(place, value.row, entries.takesValue, entries.own.second, entries.second);
+  VX_LANE void Write(Place place, const Received<V>& entries) const {
+    StoreChanged(place, priority.row, entries.writesPriority, entries.own.first, entries.first);
+    StoreChanged(place, value.row, entries.writesValue, entries.own.second, entries.second);
   }
   template <int kBytes>
   VX_LANE intptr_t BoundaryAfter(intptr_t x) const {
@@ -76,9 +76,9 @@ VX_INLINE void PropagateTogether(Rule rule, Lines<T> lines) {
       walk.ForEach([=](auto place) VX_INLINED {
         auto before = atEntry(0).At(place);
         for (int32_t i = 1; i < lines.length; ++i) {
-          const auto taken = rule(atEntry(i).At(place), before);
-          atEntry(i).Write(place, taken);
-          before = taken;
+          const auto received = rule(atEntry(i).At(place), before);
+          atEntry(i).Write(place, received);
+          before = received;
         }
       });
     });
@@ -169,7 +169,7 @@ VX_INLINE void PropagateInTiles(Lines<T> lines) {
 #pragma GCC unroll 16
       for (int k = 0; k < kSide; ++k) {
         const int at = kForwards ? k : kSide - 1 - k;
-        before = TakeOver<0>{}({priorities.rows[at], values.rows[at]}, before);
+        before = Receive<0>{}({priorities.rows[at], values.rows[at]}, before);
         priorities.rows[at] = before.first;
         values.rows[at] = before.second;
       }
@@ -189,7 +189,7 @@ template <class Form, class T>
 VX_INLINE void PropagateApart(Lines<T> lines) {
   // Side by side in decreasing order: the last line is the lowest.
   if (lines.lineStep == -1)
-    return PropagateTogether<Form>(TakeOver<0>{},
+    return PropagateTogether<Form>(Receive<0>{},
                                    lines.Part(1 - lines.count, lines.count, lines.length));
   if constexpr (Form::kBytes > 1) {
     // 16 bytes in every form: if steps are powers of two, twice as many lines of both planes fall
@@ -211,7 +211,7 @@ void SelectPropagate8(uint8_t* priority, uint8_t* value, int32_t lineCount, int3
   if (!EntriesAreApart(lines))
     PropagateInOrder<uint8_t>(lines, 0);
   else if (lineStep == 1)
-    PropagateTogether<Form>(TakeOver<0>{}, lines);
+    PropagateTogether<Form>(Receive<0>{}, lines);
   else
     PropagateApart<Form>(lines);
 }
@@ -229,8 +229,8 @@ void SelectPropagate16(uint16_t* priority, uint16_t* value, int32_t lineCount, i
     return PropagateInOrder<uint16_t>(rest, 0);
   }
   if (lines.lineStep != 1) return PropagateApart<Form>(lines);
-  PropagateTogether<Form>(TakeOver<0x8000>{}, groups);
-  PropagateTogether<Form>(TakeOver<0>{}, rest);
+  PropagateTogether<Form>(Receive<0x8000>{}, groups);
+  PropagateTogether<Form>(Receive<0>{}, rest);
 }
 
 }  // namespace vantrix
