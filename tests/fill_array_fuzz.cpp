@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "common/forms.h"
 #include "host/exercise/exercises.h"
 #include "host/reference/reference.h"
 #include "plugin/base/suites.h"
