@@ -42,10 +42,7 @@ struct Ends {
 
   template <class T>
   VX_LANE V LoadFrom(const T* row) const {
-    if constexpr (kBytes == 16)
-      return Join(Load<HalfOf<V>>(row), Load<HalfOf<V>>(Below(row + count, -kBytes)));
-    else
-      return LoadEnds<V, kBytes>(row, count);
+    return LoadEnds<V, kBytes>(row, count);
   }
   template <class T>
   VX_LANE void StoreTo(T* row, V samples) const {

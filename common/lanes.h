@@ -141,26 +141,4 @@ VX_LANE intptr_t ToNextBoundary(const void* at) {
   return kBytes - static_cast<intptr_t>(reinterpret_cast<uintptr_t>(at) & (kBytes - 1));
 }
 
-// Loads and stores a row of `count` samples, shorter than a register, as
-// its first and its last kHalf bytes in one register. The two ends may
-// overlap. The bytes in both are then stored twice, with the same value.
-template <class V, int kHalf, class T>
-VX_LANE V LoadEnds(const T* from, intptr_t count) {
-  static_assert(kHalf == 8 || kHalf == 4 || kHalf == 2 || kHalf == 1);
-  using Small = std::conditional_t<kHalf == 2, uint16_t, uint8_t>;
-  using Middle = std::conditional_t<kHalf == 4, uint32_t, Small>;
-  using Half = std::conditional_t<kHalf == 8, uint64_t, Middle>;
-  Lanes<Half, sizeof(V) / kHalf> ends{};
-  ends[0] = Load<Half>(from);
-  ends[1] = Load<Half>(Below(from + count, -kHalf));
-  return As<V>(ends);
-}
-template <int kHalf, class T, class V>
-VX_LANE void StoreEnds(T* to, intptr_t count, V lanes) {
-  void* const first = to;
-  void* const last = Below(to + count, -kHalf);
-  __builtin_memcpy(first, &lanes, kHalf);
-  __builtin_memcpy(last, reinterpret_cast<const uint8_t*>(&lanes) + kHalf, kHalf);
-}
-
 }  // namespace vantrix

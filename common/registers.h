@@ -47,6 +47,33 @@ VX_LANE auto Join(V low, V high) {
   }(std::make_index_sequence<2 * kLaneCount<V>>{});
 }
 
+// Loads and stores a row of `count` samples, shorter than a register, as
+// its first and its last kEnd bytes in one register. The two ends may
+// overlap. The bytes in both are then stored twice, with the same value.
+template <class V, int kEnd, class T>
+VX_LANE V LoadEnds(const T* from, intptr_t count) {
+  const T* const last = Below(from + count, -kEnd);
+  if constexpr (kEnd == 16) {
+    return Join(Load<HalfOf<V>>(from), Load<HalfOf<V>>(last));
+  } else {
+    static_assert(kEnd == 8 || kEnd == 4 || kEnd == 2 || kEnd == 1);
+    using Small = std::conditional_t<kEnd == 2, uint16_t, uint8_t>;
+    using Middle = std::conditional_t<kEnd == 4, uint32_t, Small>;
+    using End = std::conditional_t<kEnd == 8, uint64_t, Middle>;
+    Lanes<End, sizeof(V) / kEnd> ends{};
+    ends[0] = Load<End>(from);
+    ends[1] = Load<End>(last);
+    return As<V>(ends);
+  }
+}
+template <int kEnd, class T, class V>
+VX_LANE void StoreEnds(T* to, intptr_t count, V lanes) {
+  void* const first = to;
+  void* const last = Below(to + count, -kEnd);
+  __builtin_memcpy(first, &lanes, kEnd);
+  __builtin_memcpy(last, reinterpret_cast<const uint8_t*>(&lanes) + kEnd, kEnd);
+}
+
 // Applies one of three operations, for registers of 16, 32 and 64 bytes: the one for V's width.
 template <class Of16, class Of32, class Of64, class V, class... More>
 VX_LANE auto ByWidth(Of16 of16, Of32 of32, Of64 of64, V v, More... more) {

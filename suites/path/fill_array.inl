@@ -11,6 +11,7 @@
 #include "suites/path/sort.inl"
 
 namespace vantrix {
+
 inline constexpr size_t kMostWords = 0xFFFFFFFF;
 
 // A count above a row's capacity is reported, by both

@@ -3,16 +3,10 @@
 #include <cstring>
 #include <utility>
 
-#include "common/lanes.h"
+#include "suites/path/sort_registers.h"
 
 namespace vantrix {
 namespace {
-
-VX_INLINE void Order(uint32_t& low, uint32_t& high) {
-  const uint32_t a = low, b = high;
-  low = a < b ? a : b;
-  high = a < b ? b : a;
-}
 
 // Batcher's merge exchange for kCount words: the pairs to put in order, one after another.
 template <size_t kCount>
@@ -40,7 +34,7 @@ void SortCount([[maybe_unused]] uint32_t* words) {
   [&]<size_t... k>(std::index_sequence<k...>)
       VX_INLINED { ((v[k] = words[k]), ...); }(std::make_index_sequence<kCount>{});
   [&]<size_t... k>(std::index_sequence<k...>) VX_INLINED {
-    (Order(v[kNetwork.pairs[k].low], v[kNetwork.pairs[k].high]), ...);
+    (PutInOrder(v[kNetwork.pairs[k].low], v[kNetwork.pairs[k].high]), ...);
   }(std::make_index_sequence<kNetwork.size>{});
   [&]<size_t... k>(std::index_sequence<k...>)
       VX_INLINED { ((words[k] = v[k]), ...); }(std::make_index_sequence<kCount>{});

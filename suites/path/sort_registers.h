@@ -12,6 +12,7 @@
 
 namespace vantrix {
 
+// Of words, or lane by lane.
 template <class V>
 VX_LANE void PutInOrder(V& low, V& high) {
   const V a = low, b = high;
