@@ -77,6 +77,13 @@ struct Blocks {
   }
 };
 
+// Whether a place is a block of a wide register. Only then is it worth the code to ask for samples
+// before they are needed (common/far.h).
+template <class Place>
+inline constexpr bool kIsWide = false;
+template <class V>
+inline constexpr bool kIsWide<Block<V>> = sizeof(V) > 16;
+
 // A walk over a row of `count` samples, at least 16 bytes, in blocks of kBytes.
 // The tail is taken in the narrowest register that covers it, which reaches
 // back if it is longer than the tail. For heavy work, for which half a register

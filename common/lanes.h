@@ -86,9 +86,6 @@ VX_LANE void Store(void* to, V lanes) {
   __builtin_memcpy(to, &lanes, sizeof lanes);
 }
 
-// Asks for the cache line of an address that will soon be loaded or stored. The address may be any.
-VX_LANE void Prefetch(const void* at) { __builtin_prefetch(at); }
-
 // From aligned memory of our own, so that the load may be an instruction's operand.
 template <class V, class T>
 VX_LANE V LoadAligned(const T* from) {

@@ -1,6 +1,7 @@
 // Compares every build of every kernel with the reference.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "host/services.h"
@@ -30,7 +31,10 @@ class KernelsTest : public ::testing::TestWithParam<TestedBuild> {
   }
   // Compares the build with the reference in a scene of this shape whose calls `run` makes.
   std::string CompareRun(host::Shape shape, const host::Runner& run) {
-    host::Scene scene(arena_, host::Choices(uint64_t{1}));
+    return CompareRun(arena_, shape, run);
+  }
+  std::string CompareRun(host::Arena& arena, host::Shape shape, const host::Runner& run) {
+    host::Scene scene(arena, host::Choices(uint64_t{1}));
     scene.Measure(shape, [&](const std::function<void()>& call) {
       host::services.polls = 0;  // results count them
       run(call);
@@ -80,6 +84,30 @@ TEST_P(KernelsTest, LeavesTheUpperHalvesOfRegistersUnused) {
     EXPECT_EQ(used, 0u) << shape.columns << " columns";
   }
 }
+
+// Planes of more than 8 MiB: these kernels ask for the next rows then.
+class FarPlanesTest : public KernelsTest {};
+
+TEST_P(FarPlanesTest, EqualTheReference) {
+  constexpr size_t kRegionBytes = size_t{64} << 20;
+  static host::Arena arena(8, kRegionBytes);
+  EXPECT_EQ(CompareRun(arena, {62000, 136}, [](const auto& call) { call(); }), "");
+}
+
+std::vector<TestedBuild> BuildsThatPrefetch() {
+  constexpr std::pair<SuiteIndex, uint16_t> kSlots[] = {
+      {kFilter, 12},   {kResample, 5},  {kResample, 6}, {kResample, 13},
+      {kResample, 26}, {kResample, 27}, {kSelect, 26},
+  };
+  std::vector<TestedBuild> builds = AllBuilds();
+  std::erase_if(builds, [&](const TestedBuild& build) {
+    return std::ranges::find(kSlots, std::pair(build.suite, build.slot)) == std::end(kSlots);
+  });
+  return builds;
+}
+INSTANTIATE_TEST_SUITE_P(BuildsThatPrefetch, FarPlanesTest,
+                         ::testing::ValuesIn(BuildsThatPrefetch()),
+                         [](const auto& test) { return NameOf(test.param); });
 
 INSTANTIATE_TEST_SUITE_P(AllBuilds, KernelsTest, ::testing::ValuesIn(AllBuilds()),
                          [](const auto& test) { return NameOf(test.param); });

@@ -156,5 +156,39 @@ TEST(VerticalTest, EqualsTheReferenceWhereverItsRowsCross) {
             << stride << ' ' << at;
 }
 
+// Of far planes a row is taken in pieces. The rows lie apart, or as many bytes after their sources.
+template <class Sample>
+void CompareFar(uint16_t slot, std::initializer_list<int32_t> places) {
+  constexpr int32_t kRows = 5, kSourceRows = 12, kSize = sizeof(Sample), kFar = 8 << 20;
+  constexpr int32_t kWidth = kFar / (2 * kRows * kSize) + 100, kStride = kWidth * kSize + 3;
+  constexpr int32_t kTaps = 3, offsets[] = {3, 1, 1, 8, 5};
+  const uint8_t phases[] = {0, 1, 0, 0, 1};
+  const int16_t weights[] = {5000, 7000, 4384, -3000, 20000, 9000};
+  const auto filtered = [&](Routine routine, int32_t place) {
+    Samples memory((kSourceRows + kRows) * kStride + 8192);
+    uint8_t* const source = memory.data() + 4096;
+    for (int32_t i = 0; i < kSourceRows * kStride / kSize; ++i) {
+      const auto sample = static_cast<Sample>((i * 89) ^ (i >> 7));
+      std::memcpy(source + i * kSize, &sample, kSize);
+    }
+    Call<FilterVertical<Sample>>(routine)(reinterpret_cast<Sample*>(source),
+                                          reinterpret_cast<Sample*>(source + place), kRows, kWidth,
+                                          offsets, phases, kStride, kStride, kTaps, weights);
+    return memory;
+  };
+  const host::Reference* const reference = host::FindReference(host::Catalog()[kResample], slot);
+  for (const int32_t place : places) {
+    const int32_t at = place == 0 ? kSourceRows * kStride / kSize * kSize : place;
+    const Samples expected = filtered(reference->routine, at);
+    for (FilterVertical<Sample>* filter : BuildsOf<FilterVertical<Sample>>(kResample, slot))
+      ASSERT_TRUE(filtered(AsRoutine(filter), at) == expected) << slot << ' ' << place;
+  }
+}
+
+TEST(VerticalTest, EqualsTheReferenceInFarPlanes) {
+  CompareFar<uint8_t>(6, {0, 700, 1024, 1500, -700, -3000});
+  CompareFar<float>(27, {0, 700, 4000, -700});
+}
+
 }  // namespace
 }  // namespace vantrix

@@ -5,6 +5,7 @@
 #include "common/unroll.h"
 #include "suites/filter/convolve.h"
 #include "suites/filter/window_sums.h"
+#include "suites/kernels.h"
 
 namespace vantrix {
 namespace {
@@ -54,6 +55,13 @@ VX_INLINE void ConvolveByRows(WindowPlanes planes, intptr_t taps, const uint32_t
     WithTaps(taps, [=](auto count) VX_INLINED { convolve(count, prepared); });
 }
 
+// The form whose build takes rows one by one. A unit that takes
+// most rows in pairs has no code for the others if a narrower form has it.
+template <class Form>
+using RowsForm =
+    std::conditional_t<kWidestRegister == 64, Avx2,
+                       std::conditional_t<kShuffles && kWidestRegister == 16, Sse2, Form>>;
+
 VX_INLINE void ConvolveSingly(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
   for (; planes.rows > 0; planes = planes.After(1)) {
     for (intptr_t x = 0; x < planes.columns; ++x) {
@@ -87,15 +95,23 @@ VX_INLINE uint32_t ConvolveByPairs(WindowPlanes planes, intptr_t taps, const uin
 template <class Form>
 [[gnu::noinline]] void Convolve(const uint8_t* top, uint8_t* destination, uint32_t rows,
                                 intptr_t columns, intptr_t sourceStride, intptr_t destinationStride,
-                                intptr_t taps, const uint32_t* weights) {
+                                intptr_t taps, const ConvolutionKernel* kernel) {
   WindowPlanes planes{top, sourceStride, destination, destinationStride, rows, columns};
+  const uint32_t* const weights = kernel->weights;
   if constexpr (Form::kBytes == 1) {
     ConvolveSingly(planes, taps, weights);
   } else {
 #if defined(__SSSE3__)
     planes = planes.After(ConvolveByPairs<Form>(planes, taps, weights));
 #endif
-    if (planes.rows > 0) ConvolveByRows<Form>(planes, taps, weights);
+    if (planes.rows == 0) return;
+    if constexpr (std::is_same_v<RowsForm<Form>, Form>)
+      ConvolveByRows<Form>(planes, taps, weights);
+    else
+      Call<ConvolveRoutine>(FindBuild(FilterKernels::In<RowsForm<Form>>(), 28)())(
+          planes.top + taps / 2 * sourceStride, planes.destination, planes.rows,
+          static_cast<int32_t>(columns), static_cast<int32_t>(sourceStride),
+          static_cast<int32_t>(destinationStride), kernel);
   }
 }
 
@@ -103,13 +119,13 @@ template <class Form>
 // computed whole before it is stored.
 constexpr intptr_t kChunk = 4096;
 template <class Form>
-void ConvolveRowByRow(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
+void ConvolveRowByRow(WindowPlanes planes, intptr_t taps, const ConvolutionKernel* kernel) {
   uint8_t formed[kChunk];
   for (intptr_t x = 0; x < planes.columns; x += kChunk) {
     const intptr_t columns = planes.columns - x < kChunk ? planes.columns - x : kChunk;
     for (uint32_t y = 0; y < planes.rows; ++y) {
       const WindowPlanes row = planes.After(y);
-      Convolve<Form>(row.top + x, formed, 1, columns, row.sourceStride, 0, taps, weights);
+      Convolve<Form>(row.top + x, formed, 1, columns, row.sourceStride, 0, taps, kernel);
       __builtin_memcpy(row.destination + x, formed, static_cast<size_t>(columns));
     }
   }
@@ -133,10 +149,10 @@ void FilterConvolveVertical8(const uint8_t* source, uint8_t* destination, uint32
   const PlaneArea target{destination, destinationStride, rows, columns};
   if (target.RowsShareBytes() ||
       Overlap({planes.top, sourceStride, rows + int64_t{taps} - (taps > 0), columns}, target))
-    ConvolveRowByRow<Form>(planes, taps, kernel->weights);
+    ConvolveRowByRow<Form>(planes, taps, kernel);
   else
     Convolve<Form>(planes.top, destination, rows, columns, sourceStride, destinationStride, taps,
-                   kernel->weights);
+                   kernel);
 }
 
 }  // namespace vantrix

@@ -1,6 +1,7 @@
 // Bodies of deviation.h, for the units that instantiate them.
 #pragma once
 
+#include "common/far.h"
 #include "common/overlap.h"
 #include "plugin/base/suites.h"
 #include "suites/filter/deviation.h"
@@ -67,12 +68,18 @@ VX_INLINE I Deviation(I sum, I squares) {
   return RootOfTwentyFirst((squares << 3) + squares - squareOfSum);
 }
 
-template <class Strip>
+// In far planes a strip asks for the cache lines to the right of it: each row of a strip is on
+// pages of its own.
+template <bool kIsFar, class Strip>
 VX_INLINE void DeviateStrip(Strip strip, const uint8_t* source, uint8_t* destination, int32_t rows,
                             intptr_t sourceStride, intptr_t destinationStride) {
   using W = typename Strip::Register;
   auto middle = SumRow(strip, source), upper = SumRow(strip, source - sourceStride) + middle;
   for (; rows > 0; --rows) {
+    if constexpr (kIsFar) {
+      PrefetchSoon(source + strip.x + 2 * kCacheLine);
+      PrefetchSoon(destination + strip.x + 2 * kCacheLine);
+    }
     source += sourceStride;
     const auto below = SumRow(strip, source), all = upper + below;
     const auto even = Deviation(all.evenSum, all.evenSquares);
@@ -86,11 +93,16 @@ VX_INLINE void DeviateStrip(Strip strip, const uint8_t* source, uint8_t* destina
 
 template <class Walk>
 VX_INLINE void DeviateStrips(Walk walk, const uint8_t* source, uint8_t* destination, int32_t rows,
-                             intptr_t sourceStride, intptr_t destinationStride) {
+                             intptr_t sourceStride, intptr_t destinationStride, bool areFar) {
   for (; rows > 0; rows -= kRowsTogether) {
     const int32_t count = rows < kRowsTogether ? rows : kRowsTogether;
-    walk.ForEach([=](auto strip) VX_INLINED {
-      DeviateStrip(strip, source, destination, count, sourceStride, destinationStride);
+    walk.ForEach([=]<class Strip>(Strip strip) VX_INLINED {
+      const auto deviate = [=](auto isFar) VX_INLINED {
+        DeviateStrip<isFar>(strip, source, destination, count, sourceStride, destinationStride);
+      };
+      if constexpr (kIsWide<Strip>)
+        if (areFar) return deviate(std::true_type{});
+      deviate(std::false_type{});
     });
     source += kRowsTogether * sourceStride;
     destination += kRowsTogether * destinationStride;
@@ -109,7 +121,8 @@ struct ColumnMoments {
 };
 
 VX_INLINE void DeviateStrips(Singly<uint16_t> columns, const uint8_t* source, uint8_t* destination,
-                             int32_t rows, intptr_t sourceStride, intptr_t destinationStride) {
+                             int32_t rows, intptr_t sourceStride, intptr_t destinationStride,
+                             bool /*areFar*/) {
   for (; rows > 0; --rows) {
     ColumnMoments left(source - 1, sourceStride), middle(source, sourceStride);
     for (intptr_t x = 0; x < columns.count; ++x) {
@@ -134,7 +147,8 @@ int64_t FilterLocalDeviation8(const uint8_t* source, uint8_t* destination, int32
   const int64_t polled = Call<HostPoll>(coreSuite.live[kHostPoll])();
   if (rows < 1 || columns < 1) return polled;
   const auto deviate = [=](auto walk) VX_INLINED {
-    DeviateStrips(walk, source, destination, rows, sourceStride, destinationStride);
+    DeviateStrips(walk, source, destination, rows, sourceStride, destinationStride,
+                  AreFar(rows, 2 * int64_t{columns}));
   };
   const PlaneArea target{destination, destinationStride, rows, columns};
   if (Form::kBytes > 1 &&

@@ -1,6 +1,7 @@
 // The rows of one call of the horizontal pass.
 #pragma once
 
+#include "common/far.h"
 #include "common/overlap.h"
 #include "suites/resample/set_rules.h"
 
@@ -13,13 +14,10 @@ inline constexpr uint32_t kRowsAPlan = 128;
 inline constexpr int32_t kPlanWords = 8192;
 // Rows that are taken together: the registers of a plan are loaded once for all of them. As many as
 // there are registers for their sums.
-template <class Sample>
-inline constexpr int kRowsAtOnce = sizeof(Sample) == 1 ? 2 : 4;
-// Planes of more bytes come from memory. The next rows of 8-bit samples are prefetched then: each
-// chunk of a row is on pages of its own, where the processor's own prefetching starts anew. In
-// cache that costs time, and with larger samples it gained too little. Measured.
-inline constexpr int64_t kFarBytes = 8 << 20;
-inline constexpr intptr_t kCacheLine = 64;
+template <class Sample, class S>
+inline constexpr int kRowsAtOnce = sizeof(Sample) == 1 && sizeof(S) < 64 ? 2 : 4;
+// Of far planes the next rows are prefetched after so many blocks.
+inline constexpr int32_t kBlocksAPiece = 4;
 
 VX_INLINE constexpr int32_t UnitsOf(int32_t taps, int32_t unitTaps) {
   return (taps + unitTaps - 1) / unitTaps;
@@ -49,7 +47,7 @@ struct HorizontalPass : HorizontalCall {
   static constexpr int32_t kColumns = kLaneCount<S>;  // of a set
   static constexpr int32_t kSets = 4 / kSize;         // of a block
   static constexpr int32_t kBlock = kSets * kColumns;
-  static constexpr int kRows = kRowsAtOnce<Sample>;
+  static constexpr int kRows = kRowsAtOnce<Sample, S>;
   template <class Access>
   using Rule = SetRule<Sample, Access, S>;
   template <class Access>
@@ -190,21 +188,11 @@ struct HorizontalPass : HorizontalCall {
     });
   }
 
-  // Prefetches a block of the rows after these: the source from the first column of its first set
-  // to that of its last one, and the destination.
-  VX_INLINE void PrefetchBlock(OfRows<const uint8_t*> from, OfRows<uint8_t*> to, int32_t block,
-                               intptr_t first, intptr_t last) const {
-    Repeat<kRows>([&](int r) VX_INLINED {
-      for (intptr_t at = first; at <= last; at += kCacheLine)
-        Prefetch(from.of[r] + kRows * sourceStride + at);
-      Prefetch(to.of[r] + kRows * destinationStride + BlockAt(block) * kSize);
-    });
-  }
-
   template <class Access, int kTaps>
   VX_INLINE void WeighRows(const uint32_t* plan, uint32_t row, uint32_t endRow, Chunk chunk) const {
     const int32_t setWords = SetWords<Access, kTaps>();
-    const bool isFar = kSize == 1 && span.bytes + width > kFarBytes / rows;
+    const bool isFar = AreFar(rows, span.bytes + width * int64_t{kSize});
+    const int32_t blocksAPiece = isFar ? kBlocksAPiece : chunk.end;
     for (; row < endRow; row += (endRow - row > kRows) ? kRows : endRow - row) {
       OfRows<const uint8_t*> from;
       OfRows<uint8_t*> to;
@@ -214,11 +202,21 @@ struct HorizontalPass : HorizontalCall {
         to.of[r] = destination + intptr_t{y} * destinationStride;
       }
       const uint32_t* words = plan;
-      for (int32_t block = chunk.first; block < chunk.end; ++block, words += kSets * setWords) {
-        if (isFar) PrefetchBlock(from, to, block, words[0], words[(kSets - 1) * setWords]);
-        WeighSets<Access, kTaps, kSets>(from, words, [&](int r, U8<S> samples) VX_INLINED {
-          Store(to.of[r] + BlockAt(block) * kSize, samples);
-        });
+      for (int32_t block = chunk.first; block < chunk.end;) {
+        const int32_t end = chunk.end - block < blocksAPiece ? chunk.end : block + blocksAPiece;
+        if (isFar) {
+          // The same columns of the rows after these.
+          const intptr_t first = words[0], last = words[((end - block) * kSets - 1) * setWords];
+          const intptr_t bytes = (BlockAt(end - 1) + kBlock - BlockAt(block)) * kSize;
+          PrefetchRows(from.of[0] + kRows * sourceStride + first, sourceStride, kRows,
+                       last - first + 1);
+          PrefetchRows(to.of[0] + kRows * destinationStride + BlockAt(block) * kSize,
+                       destinationStride, kRows, bytes);
+        }
+        for (; block < end; ++block, words += kSets * setWords)
+          WeighSets<Access, kTaps, kSets>(from, words, [&](int r, U8<S> samples) VX_INLINED {
+            Store(to.of[r] + BlockAt(block) * kSize, samples);
+          });
       }
       for (int32_t set = 0; set < chunk.looseSets; ++set, words += setWords)
         WeighSets<Access, kTaps, 1>(from, words, [&](int r, U8<S> samples) VX_INLINED {
@@ -238,8 +236,17 @@ struct HorizontalPass : HorizontalCall {
     return kPlanWords / (words * kSets) - 1;
   }
 
-  // Accesses are tried in their order; the last one serves every set. Known tap counts need much
-  // code, so they are left out where few calls would use them.
+  // Known tap counts need much code, so they are left out where few calls would use them: in wide
+  // forms, where columns are gathered; in 64 bytes, where columns of 8 or 16 bits do not fit in the
+  // first access's window.
+  template <class Access, class First, class...>
+  static constexpr bool KnowsTaps() {
+    if (sizeof(S) == 16 || std::is_same_v<Access, First>) return true;
+    const bool gathers = std::is_same_v<Access, ByGather>;
+    return sizeof(S) == 64 ? kSize == 4 && !gathers : kSize == 4 || !gathers;
+  }
+
+  // Accesses are tried in their order; the last one serves every set.
   template <AccessTo<S>... Accesses>
   VX_INLINE void ResampleRows(uint32_t* plan) const {
     const int32_t blocks = BlockCount(), mostBlocks = PlanBlocks<Accesses...>();
@@ -255,7 +262,7 @@ struct HorizontalPass : HorizontalCall {
           if (!PlanColumns<Access>(plan, chunk)) return false;
           const auto weigh = [&]<int kTaps>(std::integral_constant<int, kTaps>)
                                  VX_INLINED { WeighRows<Access, kTaps>(plan, row, endRow, chunk); };
-          if constexpr (!std::is_same_v<Access, ByGather> || sizeof(S) == 16 || sizeof(Sample) == 4)
+          if constexpr (KnowsTaps<Access, Accesses...>())
             WithTapCount(taps.count, weigh);
           else
             weigh(std::integral_constant<int, 0>{});

@@ -1,8 +1,10 @@
 // The output rows of the vertical pass.
 #pragma once
 
+#include "common/far.h"
 #include "common/overlap.h"
 #include "suites/resample/filter.h"
+#include "suites/resample/signatures.h"
 
 namespace vantrix {
 
@@ -25,6 +27,24 @@ bool FilterOverlapping(uint8_t* row, const uint8_t* first, intptr_t stride, cons
 // Copies a row by the memory suite's live CopyBytes: in one call, or in several if `bytes` does not
 // fit in the count of one.
 void CopyRow(const uint8_t* source, uint8_t* destination, int64_t bytes);
+
+// Filters far planes by a kernel: each output row piece by piece. While a piece is taken, that of
+// the next output row is prefetched, and the source rows that only the latter takes.
+template <class Sample>
+void FilterFarRows(FilterVertical<Sample>* kernel, const Sample* source, Sample* destination,
+                   int32_t count, int32_t width, Taps taps, int32_t sourceStride,
+                   int32_t destinationStride);
+
+// The same with a kernel's own arguments, so that it costs other calls of the kernel nothing.
+template <class Sample, FilterVertical<Sample>* kKernel>
+[[gnu::noinline]] void FilterFarBy(const Sample* source, Sample* destination, int32_t count,
+                                   int32_t width, const int32_t* offsets, const uint8_t* phases,
+                                   int32_t sourceStride, int32_t destinationStride,
+                                   int32_t tapCount, const int16_t* weights) {
+  FilterFarRows(kKernel, source, destination, count, width,
+                Taps{offsets, phases, weights, static_cast<int16_t>(tapCount)}, sourceStride,
+                destinationStride);
+}
 
 // Calls filter(destination row, rows) for each output row. With 0 or 1 taps copies rows instead.
 template <class Sample, class Rule>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/changed.h"
+#include "common/far.h"
 #include "common/rows.h"
 #include "common/unroll.h"
 #include "suites/select/in_order.h"
@@ -34,12 +35,15 @@ struct MarkedRows {
   static constexpr bool kIsRead = true;
   Target first;
   uint8_t* above;
-  bool hasBelow;
+  bool hasBelow, isFar;
 
   template <class Place>
   VX_INLINE auto At(Place place) const {
     Entries<typename Place::Register, kRows> entries{place.LoadFrom(above), {}, {}};
     Repeat<kRows>([&](int i) VX_INLINED { entries.rows[i] = place.LoadFrom(Row(i)); });
+    if constexpr (kRows == kRowsAtOnce && kIsWide<Place>)
+      if (isFar)
+        Repeat<kRows>([&](int i) VX_INLINED { PrefetchLater(Row(kRows + 1 + i) + place.x); });
     if (hasBelow) entries.below = place.LoadFrom(Row(kRows));
     return entries;
   }
@@ -77,10 +81,10 @@ struct SpreadMarks {
 
 template <class Walk>
 VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t rowBytes,
-                               uint8_t* above) {
+                               uint8_t* above, bool isFar) {
   const auto spread = [&]<int kRows>(std::integral_constant<int, kRows>) VX_INLINED {
     ApplyToRow(walk, SpreadMarks{},
-               MarkedRows<kRows>{{row, rowBytes}, above, /*hasBelow=*/rows > kRows});
+               MarkedRows<kRows>{{row, rowBytes}, above, /*hasBelow=*/rows > kRows, isFar});
     row += kRows * intptr_t{rowBytes};
   };
   for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce)
@@ -94,14 +98,16 @@ template <class Form>
 void SelectSpreadMark8(uint8_t* data, int32_t rows, int32_t width, int32_t rowBytes) {
   if (rows < 2) return;
   if (Magnitude(rowBytes) < width) return SpreadMarksInOrder(data, rows, width, rowBytes);
+  const bool isFar = AreFar(rows, width);
   for (; width > 0; width -= kColumnsTogether, data += kColumnsTogether) {
     const int32_t columns = width < kColumnsTogether ? width : kColumnsTogether;
     uint8_t above[kColumnsTogether];
     __builtin_memset(above, 0, static_cast<size_t>(columns));
     // Rows of 16 to 31 entries are stored in whole groups of 16: as ends they would be stored
     // singly.
-    WithBlocks<Form, uint8_t, 2, 8>(
-        columns, [&](auto walk) VX_INLINED { SpreadInColumns(walk, data, rows, rowBytes, above); });
+    WithBlocks<Form, uint8_t, 2, 8>(columns, [&](auto walk) VX_INLINED {
+      SpreadInColumns(walk, data, rows, rowBytes, above, isFar);
+    });
   }
 }
 
