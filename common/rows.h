@@ -99,7 +99,7 @@ constexpr int FewestInRegister() {
 // unit. Marked as used: otherwise a compiler may keep only a copy made for one
 // of its callers.
 template <class Work, class... Arguments>
-[[gnu::noinline, gnu::used]] void DoShared(Arguments... arguments)
+[[gnu::noinline, gnu::used]] void DoSharedOn(const Arguments&... arguments)
 #if !defined(__SSSE3__)
 {
   Work{}(arguments...);
@@ -107,6 +107,13 @@ template <class Work, class... Arguments>
 #else
     ;
 #endif
+
+// Passes references to copies. A structure itself would be stored in parts and loaded whole, and
+// such a load waits for the stores.
+template <class Work, class... Arguments>
+VX_INLINE void DoShared(Arguments... arguments) {
+  DoSharedOn<Work>(arguments...);
+}
 
 // Applies a rule one sample at a time.
 struct ApplySingly {

@@ -77,41 +77,51 @@ VX_INLINE bool FilterInSets(const HorizontalCall& call) {
   });
 }
 
-// The form whose build takes calls that do not suit a wide form's sets. The unit's instructions
-// include those of that form.
+// The build of a slot in another form, whose instructions the unit has.
+template <class Sample, class Form>
+VX_INLINE FilterHorizontal<Sample>* HorizontalBuild() {
+  constexpr uint16_t kSlot = sizeof(Sample) == 1 ? 5 : sizeof(Sample) == 2 ? 13 : 26;
+  return Call<FilterHorizontal<Sample>>(FindBuild(ResampleKernels::In<Form>(), kSlot)());
+}
+// The form that takes what does not suit a wide form's sets.
 using NarrowerForm = std::conditional_t<kWidestRegister == 64, Avx2, Ssse3>;
-template <class Sample>
-inline constexpr uint16_t kHorizontalSlot = sizeof(Sample) == 1   ? 5
-                                            : sizeof(Sample) == 2 ? 13
-                                                                  : 26;
+
+// A plan for one row costs more than it brings if there are few taps; for 8-bit samples in wide
+// registers only if the row is short too. Measured.
+template <class Sample, class S>
+VX_INLINE bool IsWorthPlanning(uint32_t rows, int32_t width, int32_t taps) {
+  return rows > 1 || taps > 6 || (sizeof(Sample) == 1 && sizeof(S) > 16 && width >= 32);
+}
 
 template <class Sample, class Form>
 void FilterResampleHorizontal(const Sample* source, Sample* destination, uint32_t rows,
                               int32_t width, const int32_t* offsets, const uint8_t* phases,
                               int32_t sourceStride, int32_t destinationStride, int32_t tapCount,
                               const int16_t* weights) {
-  using S = Register<uint32_t, Form>;
-  constexpr int32_t kLeastWidth = sizeof(S) > 16 ? kLaneCount<S> : 2;
+  const auto filter = [=](auto* routine) VX_INLINED {
+    routine(source, destination, rows, width, offsets, phases, sourceStride, destinationStride,
+            tapCount, weights);
+  };
   if (rows == 0 || width < 1) return;
-  if constexpr (Form::kBytes > 1) {
+  if constexpr (Form::kBytes == 1) {
+    filter(FilterHorizontalSingly<Sample, Form>);
+  } else {
+    using S = Register<uint32_t, Form>;
+    constexpr int32_t kLeastWidth = sizeof(S) > 16 ? kLaneCount<S> : 2;
     const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
-    if (width >= kLeastWidth && taps.count >= 2) {
+    const bool inSets =
+        width > 1 && taps.count > 1 && IsWorthPlanning<Sample, S>(rows, width, taps.count);
+    if (inSets && width >= kLeastWidth) {
       const Span span = SpanOf<Sample>(taps, width);
       if (FilterInSets<Sample, Form>({reinterpret_cast<const uint8_t*>(source) + span.first,
                                       reinterpret_cast<uint8_t*>(destination), sourceStride,
                                       destinationStride, rows, width, taps, span}))
         return;
     }
+    if constexpr (sizeof(S) > 16)
+      if (inSets) return filter(HorizontalBuild<Sample, NarrowerForm>());
+    filter(HorizontalBuild<Sample, Scalar>());
   }
-  const auto filter = [=](auto* routine) VX_INLINED {
-    routine(source, destination, rows, width, offsets, phases, sourceStride, destinationStride,
-            tapCount, weights);
-  };
-  if constexpr (Form::kBytes > 16)
-    filter(Call<FilterHorizontal<Sample>>(
-        FindBuild(ResampleKernels::In<NarrowerForm>(), kHorizontalSlot<Sample>)()));
-  else
-    filter(FilterHorizontalSingly<Sample, Form>);
 }
 
 }  // namespace vantrix
