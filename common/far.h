@@ -2,7 +2,8 @@
 //
 // The processor prefetches rows that are read from end to end. It starts anew on each page, and a
 // kernel that takes several rows side by side, or a part of each row, waits for memory often. Such
-// a kernel asks for the cache lines itself that it will load and store. Their addresses may be any.
+// a kernel asks for the cache lines itself that it will load and store. That reads and writes
+// nothing and never faults, so it may also ask for lines beyond a plane.
 #pragma once
 
 #include "common/lanes.h"

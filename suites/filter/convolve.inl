@@ -62,6 +62,11 @@ using RowsForm =
     std::conditional_t<kWidestRegister == 64, Avx2,
                        std::conditional_t<kShuffles && kWidestRegister == 16, Sse2, Form>>;
 
+template <class Form>
+VX_INLINE ConvolveRoutine* RowsBuild() {
+  return Call<ConvolveRoutine>(FindBuild(FilterKernels::In<RowsForm<Form>>(), 28)());
+}
+
 VX_INLINE void ConvolveSingly(WindowPlanes planes, intptr_t taps, const uint32_t* weights) {
   for (; planes.rows > 0; planes = planes.After(1)) {
     for (intptr_t x = 0; x < planes.columns; ++x) {
@@ -108,10 +113,9 @@ template <class Form>
     if constexpr (std::is_same_v<RowsForm<Form>, Form>)
       ConvolveByRows<Form>(planes, taps, weights);
     else
-      Call<ConvolveRoutine>(FindBuild(FilterKernels::In<RowsForm<Form>>(), 28)())(
-          planes.top + taps / 2 * sourceStride, planes.destination, planes.rows,
-          static_cast<int32_t>(columns), static_cast<int32_t>(sourceStride),
-          static_cast<int32_t>(destinationStride), kernel);
+      RowsBuild<Form>()(planes.top + taps / 2 * sourceStride, planes.destination, planes.rows,
+                        static_cast<int32_t>(columns), static_cast<int32_t>(sourceStride),
+                        static_cast<int32_t>(destinationStride), kernel);
   }
 }
 
@@ -138,6 +142,10 @@ void FilterConvolveVertical8(const uint8_t* source, uint8_t* destination, uint32
                              int32_t columns, int32_t sourceStride, int32_t destinationStride,
                              const ConvolutionKernel* kernel) {
   if (rows == 0 || columns < 1) return;
+  if constexpr (!std::is_same_v<RowsForm<Form>, Form>)
+    if (rows < kRowsAtOnce)
+      return RowsBuild<Form>()(source, destination, rows, columns, sourceStride, destinationStride,
+                               kernel);
   const intptr_t radius = kernel->radius;
   const intptr_t taps = radius < 0 ? 0 : 2 * radius + 1;
   const WindowPlanes planes{taps == 0 ? source : source - radius * sourceStride,

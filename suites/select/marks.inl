@@ -29,21 +29,20 @@ struct MarkedEntries {
 // Rows that are read together, and written if an entry changes. `above`
 // is a copy of the row above from before it was marked. When the rows
 // are written, the last of them, as it was read, replaces that copy.
-template <int kRows>
+template <int kRows, bool kIsFar>
 struct MarkedRows {
   using Sample = uint8_t;
   static constexpr bool kIsRead = true;
   Target first;
   uint8_t* above;
-  bool hasBelow, isFar;
+  bool hasBelow;
 
   template <class Place>
   VX_INLINE auto At(Place place) const {
     Entries<typename Place::Register, kRows> entries{place.LoadFrom(above), {}, {}};
     Repeat<kRows>([&](int i) VX_INLINED { entries.rows[i] = place.LoadFrom(Row(i)); });
-    if constexpr (kRows == kRowsAtOnce && kIsWide<Place>)
-      if (isFar)
-        Repeat<kRows>([&](int i) VX_INLINED { PrefetchLater(Row(kRows + 1 + i) + place.x); });
+    if constexpr (kIsFar)
+      Repeat<kRows>([&](int i) VX_INLINED { PrefetchLater(Row(kRows + 1 + i) + place.x); });
     if (hasBelow) entries.below = place.LoadFrom(Row(kRows));
     return entries;
   }
@@ -82,14 +81,19 @@ struct SpreadMarks {
 template <class Walk>
 VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t rowBytes,
                                uint8_t* above, bool isFar) {
-  const auto spread = [&]<int kRows>(std::integral_constant<int, kRows>) VX_INLINED {
+  const auto spread = [&]<int kRows, bool kIsFar>(MarkedRows<kRows, kIsFar>*) VX_INLINED {
     ApplyToRow(walk, SpreadMarks{},
-               MarkedRows<kRows>{{row, rowBytes}, above, /*hasBelow=*/rows > kRows, isFar});
+               MarkedRows<kRows, kIsFar>{{row, rowBytes}, above, /*hasBelow=*/rows > kRows});
     row += kRows * intptr_t{rowBytes};
+    rows -= kRows;
   };
-  for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce)
-    spread(std::integral_constant<int, kRowsAtOnce>{});
-  for (; rows > 0; --rows) spread(std::integral_constant<int, 1>{});
+  using OneRow = MarkedRows<1, false>;
+  using Rows = MarkedRows<kRowsAtOnce, false>;
+  using FarRows = MarkedRows<kRowsAtOnce, (sizeof(typename Walk::Register) > 16)>;
+  if (isFar)
+    while (rows >= kRowsAtOnce) spread(static_cast<FarRows*>(nullptr));
+  while (rows >= kRowsAtOnce) spread(static_cast<Rows*>(nullptr));
+  while (rows > 0) spread(static_cast<OneRow*>(nullptr));
 }
 
 }  // namespace
