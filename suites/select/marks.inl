@@ -85,15 +85,14 @@ VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t ro
     ApplyToRow(walk, SpreadMarks{},
                MarkedRows<kRows, kIsFar>{{row, rowBytes}, above, /*hasBelow=*/rows > kRows});
     row += kRows * intptr_t{rowBytes};
-    rows -= kRows;
   };
   using OneRow = MarkedRows<1, false>;
   using Rows = MarkedRows<kRowsAtOnce, false>;
   using FarRows = MarkedRows<kRowsAtOnce, (sizeof(typename Walk::Register) > 16)>;
   if (isFar)
-    while (rows >= kRowsAtOnce) spread(static_cast<FarRows*>(nullptr));
-  while (rows >= kRowsAtOnce) spread(static_cast<Rows*>(nullptr));
-  while (rows > 0) spread(static_cast<OneRow*>(nullptr));
+    for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce) spread(static_cast<FarRows*>(nullptr));
+  for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce) spread(static_cast<Rows*>(nullptr));
+  for (; rows > 0; --rows) spread(static_cast<OneRow*>(nullptr));
 }
 
 }  // namespace
