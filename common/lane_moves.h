@@ -16,8 +16,8 @@
 //   LoadFirst                kBytes bytes of memory (4, 8 or 16), then zeros
 //   InEveryGroup             one group, repeated in all groups of a register
 //   Spread                   one lane of each group, in all lanes of the group
-//   Exchanged                lanes i and i ^ kMask, exchanged: lanes kMask apart if that is a power
-//                            of two; if it is one less than one, each run of so many lanes reversed
+//   Exchanged                lanes i and i ^ kMask, exchanged. If kMask is a power of two, lanes so
+//                            far apart; if kMask + 1 is, each run of kMask + 1 lanes is reversed
 //   ByBit                    lanes of a, but of b where bit kBit of the lane's number is set
 //
 // A register wider than 16 bytes is 16-byte groups side by side. Operations move lanes within their

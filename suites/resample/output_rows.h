@@ -28,8 +28,14 @@ bool FilterOverlapping(uint8_t* row, const uint8_t* first, intptr_t stride, cons
 // fit in the count of one.
 void CopyRow(const uint8_t* source, uint8_t* destination, int64_t bytes);
 
-// Filters far planes by a kernel: each output row piece by piece. While a piece is taken, that of
-// the next output row is prefetched, and the source rows that only the latter takes.
+// Whether FilterFarRows takes the planes. Rows that are copied stay whole: each is one call.
+template <class Sample>
+VX_INLINE bool AreTakenInPieces(int32_t count, int32_t width, Taps taps) {
+  return taps.count > 1 && AreFar(count, 2 * int64_t{width} * int64_t{sizeof(Sample)});
+}
+// Filters far planes by a kernel: each output row piece by piece, from its start, so that a row
+// over its sources is computed as if whole. While a piece is taken, that of the next output row is
+// prefetched, and the source rows that only the latter takes.
 template <class Sample>
 void FilterFarRows(FilterVertical<Sample>* kernel, const Sample* source, Sample* destination,
                    int32_t count, int32_t width, Taps taps, int32_t sourceStride,

@@ -88,7 +88,7 @@ void FilterResampleVertical32F(const float* source, float* destination, int32_t 
                                int32_t sourceStride, int32_t destinationStride, int32_t tapCount,
                                const int16_t* weights) {
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
-  if (Form::kBytes > 16 && taps.count > 1 && AreFar(count, 8 * int64_t{width}))
+  if (Form::kBytes > 16 && AreTakenInPieces<float>(count, width, taps))
     return FilterFarBy<float, FilterResampleVertical32F<Form>>(
         source, destination, count, width, offsets, phases, sourceStride, destinationStride,
         tapCount, weights);

@@ -66,7 +66,7 @@ void FilterResampleVertical8(const uint8_t* source, uint8_t* destination, int32_
                              int32_t sourceStride, int32_t destinationStride, int32_t tapCount,
                              const int16_t* weights) {
   const Taps taps{offsets, phases, weights, static_cast<int16_t>(tapCount)};
-  if (Form::kBytes > 16 && taps.count > 1 && AreFar(count, 2 * int64_t{width}))
+  if (Form::kBytes > 16 && AreTakenInPieces<uint8_t>(count, width, taps))
     return FilterFarBy<uint8_t, FilterResampleVertical8<Form>>(
         source, destination, count, width, offsets, phases, sourceStride, destinationStride,
         tapCount, weights);

@@ -88,7 +88,7 @@ VX_INLINE void SpreadInColumns(Walk walk, uint8_t* row, int32_t rows, int32_t ro
   };
   using OneRow = MarkedRows<1, false>;
   using Rows = MarkedRows<kRowsAtOnce, false>;
-  using FarRows = MarkedRows<kRowsAtOnce, (sizeof(typename Walk::Register) > 16)>;
+  using FarRows = MarkedRows<kRowsAtOnce, kIsWide<Block<typename Walk::Register>>>;
   if (isFar)
     for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce) spread(static_cast<FarRows*>(nullptr));
   for (; rows >= kRowsAtOnce; rows -= kRowsAtOnce) spread(static_cast<Rows*>(nullptr));
